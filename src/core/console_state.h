@@ -1,0 +1,76 @@
+// The console: all its forms, its shared state, and the platform under it.
+#pragma once
+
+#include <memory_resource>
+#include <string>
+
+#include "core/form.h"
+#include "core/forms/about_form.h"
+#include "core/forms/add_host_form.h"
+#include "core/forms/connection_check_form.h"
+#include "core/forms/custom_audit_form.h"
+#include "core/forms/main_form.h"
+#include "core/forms/settings_form.h"
+#include "core/regional_text.h"
+
+namespace tessarine {
+
+class Clock;
+class Dialogs;
+class DirectoryListing;
+class EventSource;
+class Files;
+class FormWindows;
+class Program;
+class SettingsValues;
+class Shell;
+class TcpProbe;
+
+inline constexpr int kVersionMajor = 1;
+inline constexpr int kVersionMinor = 3;
+inline constexpr int kVersionRevision = 0;
+
+/// Shapes of the mouse pointer.
+inline constexpr int kPointerDefault = 0;
+inline constexpr int kPointerHourglass = 11;
+
+/// The operations of the platform, each behind an interface of its own.
+struct Platform {
+    EventSource& event_source;
+    Files& files;
+    DirectoryListing& directory_listing;
+    Clock& clock;
+    SettingsValues& settings_values;
+    TcpProbe& tcp_probe;
+    FormWindows& form_windows;
+    Dialogs& dialogs;
+    Shell& shell;
+    Program& program;
+    /// Memory for large tables.
+    std::pmr::memory_resource* table_memory = std::pmr::get_default_resource();
+};
+
+struct Console {
+    explicit Console(const Platform& its_platform, RegionalText regional_forms = RegionalText());
+    Console(const Console&) = delete;
+    Console& operator=(const Console&) = delete;
+
+    Platform platform;
+    RegionalText regional;
+
+    MainForm Form1;
+    Form<SettingsForm> Form3{FormId::Form3};
+    Form<CustomAuditForm> Form4{FormId::Form4};
+    Form<AddHostForm> Form6{FormId::Form6};
+    Form<ConnectionCheckForm> ConCheck{FormId::ConCheck};
+    Form<tessarine::AboutForm> AboutForm{FormId::AboutForm};
+
+    int mouse_pointer = kPointerDefault;  ///< of the whole screen
+    int last_sorted_column = 0;           ///< 1-based, shared by SystemList and ApplicationList
+    bool started = false;                 ///< set once, when Form1 is first loaded
+};
+
+/// Unloads every loaded form and ends the program, as the menu entry `exit` does.
+void end_console(Console& console);
+
+}  // namespace tessarine

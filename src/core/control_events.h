@@ -1,0 +1,43 @@
+// Which event of which control runs which routine.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "platform/form_windows.h"
+
+namespace tessarine {
+
+struct Console;
+
+enum class EventKind {
+    Click,         ///< menu entry, button, box; a tab or a row that has been selected
+    MouseDown,     ///< a mouse button goes down on a list
+    EnterKey,      ///< Enter in a text field
+    GotFocus,      ///< a text field is entered
+    RightRelease,  ///< the right button goes up on a list or a field
+    Timer,
+    Activate,  ///< the form comes up
+    CloseBox,  ///< the frame's close box
+    ColumnClick,
+    DateClick,
+};
+
+/// What the event brings along; what doesn't apply is 0.
+struct EventDetails {
+    int button = 0;  ///< 1 left, 2 right
+    int column = 0;  ///< from 1
+};
+
+struct ControlEvent {
+    FormId form;
+    std::string_view control;
+    EventKind kind;
+    void (*routine)(Console&, const EventDetails&);
+};
+
+/// The table's entry for an event, or nothing: such a control is shown disabled.
+const ControlEvent* find_event(std::span<const ControlEvent> events, FormId form,
+                               std::string_view control, EventKind kind);
+
+}  // namespace tessarine

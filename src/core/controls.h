@@ -1,0 +1,74 @@
+// The plain controls of the console's forms: state without a toolkit. Texts are in the console's
+// 8-bit code page; "&" in a caption marks the letter that the keyboard reaches it by.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/date_time.h"
+
+namespace tessarine {
+
+struct Label {
+    std::string caption;
+    std::string tool_tip;
+    bool visible = true;
+};
+
+struct TextBox {
+    std::string text;
+    std::string tool_tip;
+    bool visible = true;
+    bool locked = false;  ///< shown, not to be edited
+};
+
+/// `value` is 0 or 1.
+struct CheckBox {
+    std::string caption;
+    std::string tool_tip;
+    int value = 0;
+};
+
+/// One of a group of which one is on; the form that holds the group keeps it so.
+struct OptionButton {
+    std::string caption;
+    bool value = false;
+};
+
+struct CommandButton {
+    std::string caption;
+    std::string tool_tip;
+};
+
+struct Frame {
+    std::string caption;
+    bool visible = true;
+};
+
+/// Raises its event every `interval` milliseconds while it is enabled.
+struct Timer {
+    int interval = 0;
+    bool enabled = false;
+};
+
+/// A pair of arrows beside a text; the event handlers wrap it at its ends.
+struct UpDown {
+    int minimum = 0;
+    int maximum = 0;
+    int value = 0;
+};
+
+struct MonthView {
+    Date value;
+};
+
+/// Chart types have the numbers that the forms' option buttons set.
+enum class ChartType : int { Bar = 1, Pie = 14 };
+
+struct Chart {
+    std::vector<double> points;
+    ChartType type = ChartType::Bar;
+    std::string tool_tip;
+};
+
+}  // namespace tessarine

@@ -1,0 +1,57 @@
+// The lifetime of the console's forms.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/form_windows.h"
+
+namespace tessarine {
+
+/// What every form has of its own.
+struct FormBase {
+    std::string caption;
+    bool visible = false;
+    int mouse_pointer = 0;          ///< 0 the usual one, 11 the hourglass
+    std::string_view focus_wanted;  ///< name of the control that is to get the focus next
+};
+
+/// A form that comes into being at first touch and ends when it is unloaded; the next touch makes
+/// it anew. `->` means "this may load it".
+template <class FormType>
+class Form {
+  public:
+    using Routine = std::function<void(FormType&)>;
+
+    explicit Form(FormId id) : id_(id) {}
+
+    FormId id() const { return id_; }
+    bool loaded() const { return form_ != nullptr; }
+
+    /// What runs when the form is loaded. A touch from within it finds the form loaded.
+    void when_loaded(Routine routine) { when_loaded_ = std::move(routine); }
+
+    FormType* operator->() { return &get(); }
+    FormType& get() {
+        if (!form_) {
+            form_ = std::make_unique<FormType>();
+            if (when_loaded_) when_loaded_(*form_);
+        }
+        return *form_;
+    }
+
+    /// The form if it is loaded, else nothing; never loads it.
+    FormType* if_loaded() { return form_.get(); }
+
+    void unload() { form_.reset(); }
+
+  private:
+    FormId id_;
+    std::unique_ptr<FormType> form_;
+    Routine when_loaded_;
+};
+
+}  // namespace tessarine

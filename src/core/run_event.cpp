@@ -1,0 +1,41 @@
+#include "core/run_event.h"
+
+#include <exception>
+#include <new>
+#include <string>
+
+#include "core/console_state.h"
+#include "core/runtime_error.h"
+#include "platform/dialogs.h"
+#include "platform/form_windows.h"
+
+namespace tessarine {
+namespace {
+
+// Shows why the program must end, and ends it in order.
+void end_with_message(Console& console, const std::string& text) {
+    console.mouse_pointer = kPointerDefault;
+    console.platform.dialogs.message_box(text, MessageStyle::Critical);
+    end_console(console);
+}
+
+}  // namespace
+
+void run_event(Console& console, const std::function<void(Console&)>& routine) noexcept {
+    try {
+        routine(console);
+    } catch (const RuntimeError& error) {
+        end_with_message(console, "Run-time error '" +
+                                      std::to_string(static_cast<int>(error.number())) +
+                                      "':\r\n\r\n" + error.description());
+    } catch (const std::bad_alloc&) {
+        end_with_message(console, "There is not enough memory to go on.");
+    } catch (const std::exception& error) {
+        end_with_message(
+            console,
+            std::string("Tessarine has made a mistake and must end:\r\n\r\n") + error.what());
+    }
+    console.platform.form_windows.event_ended();
+}
+
+}  // namespace tessarine

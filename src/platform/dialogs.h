@@ -1,0 +1,31 @@
+// The system's own dialogs: messages and choosers.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tessarine {
+
+enum class MessageStyle { Information, Critical, YesNoQuestion };
+enum class MessageAnswer { Ok, Yes, No };
+
+/// One kind of file in a chooser: what the user reads and what the names match, as in
+/// {"Text File (*.txt)", "*.txt"}.
+struct FileFilter {
+    std::string caption;
+    std::string pattern;
+};
+
+class Dialogs {
+  public:
+    virtual ~Dialogs() = default;
+
+    virtual MessageAnswer message_box(const std::string& text, MessageStyle style) = 0;
+
+    /// The path of the chosen file, which need not exist; empty when the user cancels.
+    virtual std::string choose_file(const std::string& start_folder,
+                                    const std::vector<FileFilter>& filters,
+                                    const std::string& title) = 0;
+};
+
+}  // namespace tessarine

@@ -1,0 +1,39 @@
+// What the console asks of the windows that show its forms.
+#pragma once
+
+#include <string_view>
+
+namespace tessarine {
+
+enum class FormId {
+    Form1,
+    Form2,
+    Form3,
+    Form4,
+    Form5,
+    Form6,
+    Form7,
+    frmADS,
+    ConCheck,
+    AboutForm,
+};
+
+class FormWindows {
+  public:
+    virtual ~FormWindows() = default;
+
+    /// Lets all pending events of the window system run, user input included.
+    virtual void let_events_pass() = 0;
+
+    /// Shows a form that is loaded and keeps the user from all others until it is hidden or
+    /// unloaded; events run meanwhile.
+    virtual void show_modal(FormId form) = 0;
+
+    /// Called when an event's routine has ended: the windows may look at the forms again.
+    virtual void event_ended() = 0;
+
+    /// Opens the context menu of that name at the pointer; returns when it has closed.
+    virtual void pop_up_menu(std::string_view menu) = 0;
+};
+
+}  // namespace tessarine

@@ -1,0 +1,16 @@
+// Opening things with the program that the desktop has for them.
+#pragma once
+
+#include <string>
+
+namespace tessarine {
+
+class Shell {
+  public:
+    virtual ~Shell() = default;
+
+    /// Opens the file or address with its default program. Raises no error and waits for nothing.
+    virtual void open(const std::string& target) = 0;
+};
+
+}  // namespace tessarine
