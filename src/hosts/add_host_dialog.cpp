@@ -1,0 +1,27 @@
+#include "hosts/add_host_dialog.h"
+
+#include "core/console_state.h"
+#include "core/text.h"
+#include "hosts/host_list.h"
+#include "platform/form_windows.h"
+
+namespace tessarine {
+
+void show_add_host(Console& console) {
+    console.Form6.get();
+    console.platform.form_windows.show_modal(FormId::Form6);
+}
+
+void add_typed_host(Console& console) {
+    if (!console.Form6->AddHost.text.empty()) add_typed_host_on_enter(console);
+}
+
+// KEEP(enter-adds-an-empty-host): Enter makes no test. Sharing the button's looks right, but an
+// empty field gives an empty row.
+void add_typed_host_on_enter(Console& console) {
+    TextBox& field = console.Form6->AddHost;
+    add_host_row(console.Form1.ListView1, upper_text(field.text));
+    field.text.clear();
+}
+
+}  // namespace tessarine

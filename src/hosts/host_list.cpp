@@ -1,0 +1,94 @@
+#include "hosts/host_list.h"
+
+#include <array>
+#include <string>
+
+#include "core/console_state.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "store/log_files.h"
+
+namespace tessarine {
+namespace {
+
+constexpr int kRightButton = 2;
+
+int selected_rows(ListControl& list) {
+    int selected = 0;
+    for (int row = 1; row <= list.count(); ++row)
+        if (list.row(row).selected()) ++selected;
+    return selected;
+}
+
+// KEEP(delete-logs-takes-names-as-they-stand): a name with a leading "\\" has no files here, though
+// viewing and auditing find them. Removing the "\\" looks right, but would delete files.
+bool has_log(Console& console, const std::string& host, EventLog log) {
+    if (host.starts_with("\\\\") || !can_name_files(host)) return false;
+    return console.platform.files.file_exists(
+        host_log_path(console.Form3->txtLogPath.text, host, log));
+}
+
+void delete_logs_of(Console& console, const std::string& host) {
+    constexpr std::array kOrder = {EventLog::System, EventLog::Application, EventLog::Security};
+    for (const EventLog log : kOrder) {
+        // KEEP(delete-logs-reports-the-last-file): each file replaces the text of the one before. A
+        // sum looks right, but a host without a security log ends with "Log not found..".
+        if (has_log(console, host, log)) {
+            console.platform.files.remove(host_log_path(console.Form3->txtLogPath.text, host, log));
+            console.Form1.st1.set_text(1, "Deleted logs of Host " + host);
+        } else {
+            console.Form1.st1.set_text(1, "Log not found..");
+        }
+    }
+}
+
+}  // namespace
+
+void add_host_row(ListControl& list, std::string_view name) {
+    list.add_row(name, 1).add_sub_item("-");
+}
+
+void show_host_count(Console& console) {
+    console.Form1.st1.set_text(4, std::to_string(console.Form1.ListView1.count()) + " hosts");
+}
+
+void press_on_host_list(Console& console, int button) {
+    MainForm& form = console.Form1;
+    if (form.ListView1.count() == 0) {
+        form.st1.set_text(1, "List Empty. Enumerate or Load hosts");
+        return;
+    }
+    form.st1.set_text(1, "");
+    if (button != kRightButton) return;
+    form.graphicalview.enabled = selected_rows(form.ListView1) <= 1;
+    console.platform.form_windows.pop_up_menu("MyMenu");
+}
+
+void removehost(Console& console) {
+    ListControl& list = console.Form1.ListView1;
+    for (int row = list.count(); row >= 1; --row)
+        if (list.row(row).selected()) list.remove_row(row);
+}
+
+void dellogs(Console& console) {
+    if (console.platform.dialogs.message_box(
+            "Are you sure want to delete the logs of the selected hosts?",  // sic
+            MessageStyle::YesNoQuestion) != MessageAnswer::Yes)
+        return;
+    ListControl& list = console.Form1.ListView1;
+    for (int row = 1; row <= list.count(); ++row) {
+        console.mouse_pointer = kPointerHourglass;
+        if (list.row(row).selected()) delete_logs_of(console, std::string(list.row(row).text()));
+    }
+    console.mouse_pointer = kPointerDefault;
+}
+
+void enter_selected_host(Console& console) {
+    console.Form1.focus_wanted = "ListView1";
+}
+
+void press_on_selected_host(Console& console, const EventDetails& details) {
+    if (details.button == kRightButton) console.Form1.focus_wanted = "TxtAlert";
+}
+
+}  // namespace tessarine

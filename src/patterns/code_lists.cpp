@@ -1,0 +1,191 @@
+#include "patterns/code_lists.h"
+
+#include <array>
+#include <limits>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/console_state.h"
+#include "core/runtime_error.h"
+#include "core/text.h"
+#include "platform/files.h"
+#include "platform/program.h"
+#include "store/event_record.h"
+#include "store/log_files.h"
+#include "store/record_reader.h"
+
+namespace tessarine {
+namespace {
+
+/// One of the two lists with what belongs to it.
+struct CodeList {
+    std::string_view file_name;
+    ListControl MainForm::*list;
+    TextBox MainForm::*field;
+    std::string_view missing_file_text;
+};
+
+constexpr CodeList kAlertCodes = {.file_name = "alertpatterns.txt",
+                                  .list = &MainForm::AlertList,
+                                  .field = &MainForm::TxtAlert,
+                                  .missing_file_text = "Alert Pattern file modified.."};
+constexpr CodeList kIgnoredCodes = {.file_name = "ignorelist.txt",
+                                    .list = &MainForm::IgnoreList,
+                                    .field = &MainForm::txtIgnore,
+                                    .missing_file_text = "Ignore list modified.."};
+
+/// Which table the marker of a tab or of a table means.
+struct MarkedTable {
+    std::string_view marker;
+    ListControl MainForm::*table;
+};
+
+constexpr std::array kEventTables = {MarkedTable{" System Log  ", &MainForm::SystemList},
+                                     MarkedTable{" Application Log", &MainForm::ApplicationList},
+                                     MarkedTable{" Security Log  ", &MainForm::SecurityList}};
+
+// KEEP(no-highlighting-from-the-security-analysis): "list4", the Security table, has no place here.
+// Adding it looks right, but the command does nothing there.
+constexpr std::array kAnalysisTables = {MarkedTable{"list2", &MainForm::ListView2},
+                                        MarkedTable{"list3", &MainForm::ListView3}};
+
+std::string path_of(Console& console, const CodeList& codes) {
+    return path_in(console.platform.program.application_directory(), codes.file_name);
+}
+
+void load(Console& console, const CodeList& codes) {
+    const std::string path = path_of(console, codes);
+    Files& files = console.platform.files;
+    if (!files.file_exists(path)) {
+        files.open(path, OpenFor::Writing)->close();
+        return;
+    }
+    ListControl& list = console.Form1.*codes.list;
+    list.clear();
+    const std::unique_ptr<File> file = files.open(path, OpenFor::Reading);
+    RecordReader reader(*file);
+    std::string_view line;
+    while (reader.next(line))
+        if (!line.empty()) list.add_row(line, 0);
+    file->close();
+}
+
+// KEEP(missing-code-file-loses-the-change): without a file only a text is shown, and the loading
+// that follows creates the file. Writing the entry looks right, but it is lost, and the list stays.
+bool has_file(Console& console, const CodeList& codes) {
+    const bool exists = console.platform.files.file_exists(path_of(console, codes));
+    if (!exists) console.Form1.st1.set_text(1, std::string(codes.missing_file_text));
+    return exists;
+}
+
+// KEEP(blank-lines-between-codes): the entry brings a line end, and the writer adds its own. One
+// looks right, but the form of the file is to stay; loading skips the blank lines.
+void append_code(Console& console, const CodeList& codes, std::string_view code) {
+    if (!has_file(console, codes)) return;
+    const auto file = console.platform.files.open(path_of(console, codes), OpenFor::Appending);
+    file->write(std::string(code) + "\r\n" + "\r\n");
+    file->close();
+}
+
+void write_without(Console& console, const CodeList& codes, std::string_view code) {
+    if (!has_file(console, codes)) return;
+    ListControl& list = console.Form1.*codes.list;
+    // Before the file is emptied, so that such a list isn't lost.
+    if (list.count() > std::numeric_limits<std::int16_t>::max())
+        throw RuntimeError(ErrorNumber::Overflow, "Overflow");
+    const auto file = console.platform.files.open(path_of(console, codes), OpenFor::Writing);
+    for (int row = 1; row <= list.count(); ++row)
+        if (!same_text(list.row(row).text(), code))
+            file->write(std::string(list.row(row).text()) + "\r\n");
+    file->write("\r\n\r\n");
+    file->close();
+}
+
+void add_from_field(Console& console, const CodeList& codes) {
+    TextBox& field = console.Form1.*codes.field;
+    append_code(console, codes, field.text);
+    field.text.clear();
+    load(console, codes);
+}
+
+void remove_from_field(Console& console, const CodeList& codes) {
+    TextBox& field = console.Form1.*codes.field;
+    write_without(console, codes, field.text);
+    field.text.clear();
+    load(console, codes);
+}
+
+void copy_to_field(Console& console, const CodeList& codes) {
+    ListControl& list = console.Form1.*codes.list;
+    if (list.selected_item() != 0)
+        (console.Form1.*codes.field).text = list.row(list.selected_item()).text();
+}
+
+ListControl::Row selected_row(ListControl& table) {
+    return table.row(table.selected_item());
+}
+
+void add_from_event_table(Console& console, const CodeList& codes) {
+    for (const auto& [caption, table] : kEventTables) {
+        if (!same_text(console.Form1.lblselectedTab.caption, caption)) continue;
+        const auto row = selected_row(console.Form1.*table);
+        append_code(console, codes, row.sub_item(static_cast<int>(Field::Event)));
+        load(console, codes);
+    }
+}
+
+}  // namespace
+
+void LoadAlertPatterns(Console& console) {
+    load(console, kAlertCodes);
+}
+
+void LoadIgnoreList(Console& console) {
+    load(console, kIgnoredCodes);
+}
+
+// KEEP(an-empty-alert-pattern-is-added): only the ignore list looks at its field. A test here looks
+// right, but an empty field appends two line ends to the file.
+void add_alert_pattern(Console& console) {
+    add_from_field(console, kAlertCodes);
+}
+
+void add_ignored_code(Console& console) {
+    if (console.Form1.txtIgnore.text.empty()) return;
+    add_from_field(console, kIgnoredCodes);
+}
+
+void remove_alert_pattern(Console& console) {
+    remove_from_field(console, kAlertCodes);
+}
+
+void remove_ignored_code(Console& console) {
+    remove_from_field(console, kIgnoredCodes);
+}
+
+void pick_alert_pattern(Console& console) {
+    copy_to_field(console, kAlertCodes);
+}
+
+void pick_ignored_code(Console& console) {
+    copy_to_field(console, kIgnoredCodes);
+}
+
+void addtohighlightlist(Console& console) {
+    add_from_event_table(console, kAlertCodes);
+}
+
+void addtoignore(Console& console) {
+    add_from_event_table(console, kIgnoredCodes);
+}
+
+void addtohighlightlist3(Console& console) {
+    for (const auto& [marker, table] : kAnalysisTables) {
+        if (!same_text(console.Form1.lblselectedTab2.caption, marker)) continue;
+        append_code(console, kAlertCodes, selected_row(console.Form1.*table).text());
+        load(console, kAlertCodes);
+    }
+}
+
+}  // namespace tessarine

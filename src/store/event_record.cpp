@@ -1,0 +1,82 @@
+#include "store/event_record.h"
+
+#include <cstring>
+
+#include "core/regional_text.h"
+#include "core/runtime_error.h"
+
+namespace tessarine {
+namespace {
+
+std::string_view text_of(const EventProperties::Property& property) {
+    return property.value_or(std::string_view());
+}
+
+// Positions from 1 and a length, as far as the text goes.
+std::string part(std::string_view text, std::size_t position, std::size_t length) {
+    return position > text.size() ? std::string() : std::string(text.substr(position - 1, length));
+}
+
+std::string date_text(const RegionalText& regional, std::string_view stamp) {
+    return regional.date(
+        date_of_text(part(stamp, 5, 2) + "/" + part(stamp, 7, 2) + "/" + part(stamp, 1, 4)));
+}
+
+std::string time_text(const RegionalText& regional, std::string_view stamp) {
+    return regional.time(
+        time_of_text(part(stamp, 9, 2) + ":" + part(stamp, 11, 2) + ":" + part(stamp, 13, 2)));
+}
+
+// Appends the message with each CR LF as one "~"; a lone CR or LF stays as it is.
+void append_message(std::string& line, std::string_view message) {
+    std::size_t pair = message.find("\r\n");
+    while (pair != std::string_view::npos) {
+        line.append(message.substr(0, pair)) += '~';
+        message.remove_prefix(pair + 2);
+        pair = message.find("\r\n");
+    }
+    line.append(message);
+}
+
+}  // namespace
+
+EventRecord::EventRecord(std::string_view line) {
+    text_.line = line;
+    std::size_t start = 0;
+    while (count_ < RecordText::kFields && start <= line.size()) {
+        const auto* bar =
+            static_cast<const char*>(std::memchr(line.data() + start, '|', line.size() - start));
+        const std::size_t end =
+            bar != nullptr ? static_cast<std::size_t>(bar - line.data()) : line.size();
+        text_.ends[static_cast<std::size_t>(count_++)] = static_cast<std::uint32_t>(end);
+        start = end + 1;
+    }
+}
+
+std::string_view EventRecord::field(int index) const {
+    if (index < 0 || index >= count_)
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange, "Subscript out of range");
+    const auto i = static_cast<std::size_t>(index);
+    const std::uint32_t start = i == 0 ? 0 : text_.ends[i - 1] + 1;
+    return text_.line.substr(start, text_.ends[i] - start);
+}
+
+std::string_view RecordWriter::line_of(const EventProperties& event) {
+    const std::string_view stamp = text_of(event.TimeGenerated);
+    if (date_key_.empty() || stamp.substr(0, 8) != date_key_) {
+        date_text_ = date_text(regional_, stamp);
+        date_key_ = stamp.substr(0, 8);
+    }
+    const std::string_view user = text_of(event.User);
+    line_.assign(text_of(event.Type)) += '|';
+    line_.append(date_text_) += '|';
+    line_.append(time_text(regional_, stamp)) += '|';
+    line_.append(text_of(event.SourceName)) += '|';
+    line_.append(text_of(event.EventCode)) += '|';
+    line_.append(user.empty() ? "N/A" : user) += '|';
+    line_.append(text_of(event.ComputerName)) += '|';
+    append_message(line_, text_of(event.Message));
+    return line_.append("\r\n");
+}
+
+}  // namespace tessarine

@@ -1,0 +1,116 @@
+#include "store/log_files.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "core/runtime_error.h"
+#include "core/text.h"
+
+namespace tessarine {
+namespace {
+
+constexpr std::size_t kLongestHost = 200;
+
+bool is_separator(char character) {
+    return character == '\\' || character == '/';
+}
+
+bool is_control(char character) {
+    return static_cast<unsigned char>(character) < 0x20 || character == '\x7F';
+}
+
+// The host without the separators that it begins with.
+std::string_view bare_name(std::string_view host) {
+    const auto* start = std::find_if_not(host.begin(), host.end(), is_separator);
+    return host.substr(static_cast<std::size_t>(start - host.begin()));
+}
+
+// The description of the error goes into a line of the audit log, so it may hold no line end.
+[[noreturn]] void refuse(std::string_view host) {
+    std::string shown(host.substr(0, kLongestHost));
+    std::replace_if(shown.begin(), shown.end(), is_control, '?');
+    throw RuntimeError(ErrorNumber::BadFileName,
+                       "The host name \"" + shown + "\" can't name a file");
+}
+
+// The name as it stands: separators that it begins with are folded into the one before it.
+std::string checked_name(std::string_view host) {
+    if (!can_name_files(host)) refuse(host);
+    return std::string(host);
+}
+
+std::string file_name(std::string_view host, EventLog log) {
+    return checked_name(host).append(file_suffix(log));
+}
+
+// Day, month and year with two digits each, or as many as the year needs.
+std::string dashed(const Date& day, int year) {
+    return padded(day.day, 2) + "-" + padded(day.month, 2) + "-" + padded(year, 2);
+}
+
+}  // namespace
+
+std::string_view file_suffix(EventLog log) {
+    switch (log) {
+        case EventLog::System:
+            return "_system.log";
+        case EventLog::Application:
+            return "_application.log";
+        case EventLog::Security:
+            break;
+    }
+    return "_security.log";
+}
+
+std::string path_in(std::string_view folder, std::string_view name) {
+    constexpr char kSeparator = std::filesystem::path::preferred_separator;
+    std::string path(folder);
+    path.append(1, kSeparator).append(name);
+    std::replace_if(path.begin(), path.end(), is_separator, kSeparator);
+    const auto same_separator = [](char left, char right) {
+        return left == kSeparator && right == kSeparator;
+    };
+    path.erase(std::unique(path.begin(), path.end(), same_separator), path.end());
+    return path;
+}
+
+std::string data_folder(std::string_view log_path) {
+    return path_in(log_path, "Data");
+}
+
+std::string logs_folder(std::string_view log_path) {
+    return path_in(log_path, "Logs");
+}
+
+std::string archive_parent_folder(std::string_view log_path) {
+    return path_in(log_path, "Archive");
+}
+
+bool can_name_files(std::string_view host) {
+    const std::string_view name = bare_name(host);
+    return name.size() <= kLongestHost && name != "." && name != ".." &&
+           std::none_of(name.begin(), name.end(),
+                        [](char c) { return is_separator(c) || is_control(c); });
+}
+
+std::string host_log_path(std::string_view log_path, std::string_view host, EventLog log) {
+    return path_in(data_folder(log_path), file_name(host, log));
+}
+
+std::string archive_folder(std::string_view archive_path, std::string_view host,
+                           const DateTime& moment) {
+    const std::string stamp = dashed(moment.date, moment.date.year % 100) + "-" +
+                              padded(moment.time.hour, 2) + "-" + padded(moment.time.minute, 2);
+    return path_in(archive_parent_folder(archive_path), checked_name(host) + "_" + stamp);
+}
+
+std::string archived_log_path(std::string_view archive_path, std::string_view host,
+                              const DateTime& moment, EventLog log) {
+    return path_in(archive_folder(archive_path, host, moment), file_name(host, log));
+}
+
+std::string audit_log_path(std::string_view log_path, const Date& day) {
+    return path_in(logs_folder(log_path), dashed(day, day.year) + ".log");
+}
+
+}  // namespace tessarine

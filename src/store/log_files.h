@@ -1,0 +1,51 @@
+// Where the event store keeps its files. This alone makes a path of the store.
+//
+// A path has the platform's separator, and a run of "\" and "/" counts as one separator: a log path
+// may end in one, and a host's name may begin with "\\" and still finds the host's files.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "platform/date_time.h"
+
+namespace tessarine {
+
+/// The three logs that are kept, in the order in which a job usually takes them.
+enum class EventLog { System, Application, Security };
+inline constexpr std::array kEventLogs = {EventLog::System, EventLog::Application,
+                                          EventLog::Security};
+
+/// What the name of a log's file has behind the host: "_system.log" and so on.
+std::string_view file_suffix(EventLog log);
+
+/// `name` in `folder`.
+std::string path_in(std::string_view folder, std::string_view name);
+
+/// The folders under `log_path`: of the event log files, of the audit logs, and the parent that the
+/// archive has as long as both paths of the settings are the same.
+std::string data_folder(std::string_view log_path);
+std::string logs_folder(std::string_view log_path);
+std::string archive_parent_folder(std::string_view log_path);
+
+/// Whether files can be named after `host`. A name that holds a separator behind its first letter
+/// or a control character, one of more than 200 characters, "." and ".." name none.
+bool can_name_files(std::string_view host);
+
+/// The file of one log of a host. This and the two below raise "Bad file name" for a host that
+/// can't name files.
+std::string host_log_path(std::string_view log_path, std::string_view host, EventLog log);
+
+/// The folder for the copies that are made of a host's files at the minute of `moment`.
+std::string archive_folder(std::string_view archive_path, std::string_view host,
+                           const DateTime& moment);
+
+/// The copy of one log in that folder.
+std::string archived_log_path(std::string_view archive_path, std::string_view host,
+                              const DateTime& moment, EventLog log);
+
+/// The audit log of a day.
+std::string audit_log_path(std::string_view log_path, const Date& day);
+
+}  // namespace tessarine
