@@ -1,0 +1,49 @@
+#include "audit/event_files.h"
+
+#include <exception>
+#include <string_view>
+
+#include "audit/log_archive.h"
+#include "core/console_state.h"
+#include "core/runtime_error.h"
+
+namespace tessarine {
+
+EventFiles::EventFiles(const RegionalText& regional, const LogSelection& selection)
+    : logs_{{{EventLog::System, "System", selection.SelSystem, nullptr},
+             {EventLog::Application, "Application", selection.SelApplication, nullptr},
+             {EventLog::Security, "Security", selection.SelSecurity, nullptr}}},
+      writer_(regional) {}
+
+// KEEP(every-log-file-is-opened): the selected logs don't matter here. Opening those alone looks
+// right, but an audit of one log under the option to overwrite empties the other two as well.
+void EventFiles::open(Console& console, const std::string& host) {
+    auto& settings = console.Form3;
+    if (settings->optMove.value) archive_event_logs(console, host);
+    const OpenFor purpose = settings->optAppend.value ? OpenFor::Appending : OpenFor::Writing;
+    for (LogFile& log : logs_)
+        log.file = console.platform.files.open(
+            host_log_path(settings->txtLogPath.text, host, log.log), purpose);
+}
+
+void EventFiles::write(const EventProperties& event) {
+    const std::string_view name = event.LogFile.value_or(std::string_view());
+    for (LogFile& log : logs_)
+        if (log.selected && name == log.name) log.file->write(writer_.line_of(event));
+}
+
+void EventFiles::close() {
+    std::exception_ptr failure;
+    for (LogFile& log : logs_) {
+        if (log.file == nullptr) continue;
+        try {
+            log.file->close();
+        } catch (const RuntimeError&) {
+            failure = std::current_exception();
+        }
+        log.file.reset();
+    }
+    if (failure) std::rethrow_exception(failure);
+}
+
+}  // namespace tessarine
