@@ -1,0 +1,87 @@
+#include "app/events.h"
+
+#include <array>
+
+#include "audit/connection_check.h"
+#include "audit/custom_audit.h"
+#include "audit/full_audit.h"
+#include "core/start_up.h"
+#include "hosts/add_host_dialog.h"
+#include "hosts/host_list.h"
+#include "hosts/host_list_files.h"
+#include "hosts/preaudited_hosts.h"
+#include "patterns/code_lists.h"
+#include "viewer/log_loading.h"
+
+namespace tessarine {
+namespace {
+
+// A routine that takes no notice of the event's details.
+template <auto routine>
+void plain(Console& console, const EventDetails&) {
+    routine(console);
+}
+
+void press_on_host_list_with(Console& console, const EventDetails& details) {
+    press_on_host_list(console, details.button);
+}
+
+using enum EventKind;
+using enum FormId;
+
+constexpr std::array kEvents = {
+    // The main window and its menus.
+    ControlEvent{Form1, "Form1", Activate, plain<activate_main_form>},
+    ControlEvent{Form1, "Form1", CloseBox, plain<exit_console>},
+    ControlEvent{Form1, "exit", Click, plain<exit_console>},
+    ControlEvent{Form1, "loadfrmlist", Click, plain<loadfrmlist>},
+    ControlEvent{Form1, "loadpreaudited", Click, plain<LoadPreAuditedHosts>},
+    ControlEvent{Form1, "addhostmanually", Click, plain<show_add_host>},
+    ControlEvent{Form1, "exporthostlist", Click, plain<exporthostlist>},
+    ControlEvent{Form1, "runFullauditAllhost", Click, plain<runFullauditAllhost>},
+    ControlEvent{Form1, "runcustomforallhosts", Click, plain<runcustomforallhosts>},
+    ControlEvent{Form1, "highlightpatt", Click, plain<highlightpatt>},
+    ControlEvent{Form1, "hideignore", Click, plain<hideignore>},
+    ControlEvent{Form1, "shogrid", Click, plain<shogrid>},
+    ControlEvent{Form1, "help", Click, plain<open_help>},
+    ControlEvent{Form1, "About", Click, plain<show_about>},
+    ControlEvent{Form1, "TabStrip1", Click, plain<click_tab_of_left_strip>},
+    ControlEvent{Form1, "TabStrip2", Click, plain<click_tab_of_right_strip>},
+
+    // The host list.
+    ControlEvent{Form1, "ListView1", MouseDown, press_on_host_list_with},
+    ControlEvent{Form1, "vieweventlogs", Click, plain<vieweventlogs>},
+    ControlEvent{Form1, "dellogs", Click, plain<dellogs>},
+    ControlEvent{Form1, "fullaudit", Click, plain<fullaudit>},
+    ControlEvent{Form1, "custaudit", Click, plain<custaudit>},
+    ControlEvent{Form1, "removehost", Click, plain<removehost>},
+    ControlEvent{Form1, "txtSelectedHost", GotFocus, plain<enter_selected_host>},
+    ControlEvent{Form1, "txtSelectedHost", MouseDown, press_on_selected_host},
+
+    // Alert and ignore lists.
+    ControlEvent{Form1, "Command1", Click, plain<add_alert_pattern>},
+    ControlEvent{Form1, "Command6", Click, plain<remove_alert_pattern>},
+    ControlEvent{Form1, "AlertList", Click, plain<pick_alert_pattern>},
+    ControlEvent{Form1, "Command2", Click, plain<add_ignored_code>},
+    ControlEvent{Form1, "Command8", Click, plain<remove_ignored_code>},
+    ControlEvent{Form1, "IgnoreList", Click, plain<pick_ignored_code>},
+
+    // The custom audit.
+    ControlEvent{Form4, "Form4", Activate, plain<activate_custom_audit>},
+    ControlEvent{Form4, "MonthView1", DateClick, plain<choose_audit_date>},
+    ControlEvent{Form4, "chkSpecificDate", Click, plain<click_specific_date>},
+    ControlEvent{Form4, "Command1", Click, plain<run_custom_audit>},
+
+    // Adding hosts by hand, the test of a host.
+    ControlEvent{Form6, "Command1", Click, plain<add_typed_host>},
+    ControlEvent{Form6, "AddHost", EnterKey, plain<add_typed_host_on_enter>},
+    ControlEvent{ConCheck, "Timer1", Timer, plain<end_connection_attempt>},
+};
+
+}  // namespace
+
+std::span<const ControlEvent> control_events() {
+    return kEvents;
+}
+
+}  // namespace tessarine
