@@ -1,0 +1,175 @@
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "app/events.h"
+#include "audit/connection_check.h"
+#include "audit/custom_audit.h"
+#include "audit/full_audit.h"
+#include "fakes/bench.h"
+#include "fakes/drawn.h"
+
+namespace tessarine {
+namespace {
+
+using fakes::Bench;
+using fakes::drawn;
+
+class AuditCommands : public testing::Test {
+  protected:
+    AuditCommands() {
+        for (const char* name : {"PC1", "PC2", "PC3"}) {
+            bench.network.hosts[name].records = {{}};
+            bench.probe.answers[name] = fakes::kConnects;
+        }
+        bench.list_hosts({"PC1", "PC2", "PC3"});
+    }
+
+    // What the user does in the dialog before pressing OK.
+    void on_custom_audit(std::function<void(CustomAuditForm&)> choose = [](CustomAuditForm&) {}) {
+        bench.windows.when_shown(FormId::Form4, [choose](Console& console) {
+            choose(console.Form4.get());
+            run_event(console, run_custom_audit);
+        });
+    }
+
+    Bench bench{control_events()};
+};
+
+TEST_F(AuditCommands, TheTestOfAHostWaitsThreeSecondsAndTellsTheLastState) {
+    const struct {
+        fakes::ProbeAnswer answer;
+        const char* verdict;
+    } cases[] = {{fakes::kConnects, "hostok"},
+                 {fakes::kRefuses, "hostdown"},
+                 {fakes::kSilent, "hostdown"},
+                 {fakes::kConnectsAndResets, "hostdown"},
+                 {{.connected_after = 3100}, "hostdown"}};
+    int start = 0;
+    for (const auto& each : cases) {
+        bench.probe.answers["PC1"] = each.answer;
+        bench.run([](Console& console) { test_host(console, "PC1"); });
+        EXPECT_EQ(bench.console.Form1.lblReturn.caption, each.verdict);
+        EXPECT_EQ(bench.timeline.now() - start, 3000);
+        EXPECT_FALSE(bench.console.ConCheck.loaded());
+        start = bench.timeline.now();
+    }
+    EXPECT_EQ(bench.probe.attempts.front(), "PC1:135");
+}
+
+TEST_F(AuditCommands, AFullAuditMarksEveryHostAndNeverStops) {
+    bench.probe.answers["PC1"] = fakes::kRefuses;
+    bench.network.hosts["PC2"].connect_error = "Access is denied";
+    bench.run(runFullauditAllhost);
+    EXPECT_EQ(drawn(bench, "ListView1"), R"(
+ListView1:
+  1|PC1|[8]-
+  1|PC2|[8]-
+  1|PC3|[7]-
+)");
+    EXPECT_EQ(bench.network.connects, 2);
+}
+
+TEST_F(AuditCommands, AFullAuditOfTheSelectionSkipsTheOthers) {
+    Bench::select(bench.console.Form1.ListView1, {1, 3});
+    bench.run(fullaudit);
+    EXPECT_EQ(drawn(bench, "ListView1"), R"(
+ListView1:
+  *1|PC1|[7]-
+  1|PC2|-
+  >*1|PC3|[7]-
+)");
+}
+
+// KEEP(custom-audit-takes-names-as-they-stand)
+TEST_F(AuditCommands, OnlyAFullAuditRemovesLeadingBackslashes) {
+    bench.list_hosts({"\\\\PC1"});
+    bench.run(runFullauditAllhost);
+    EXPECT_EQ(bench.probe.attempts.back(), "PC1:135");
+    EXPECT_NE(bench.files.names().find("/app/Data/PC1_system.log"), std::string::npos);
+    on_custom_audit();
+    bench.run(runcustomforallhosts);
+    EXPECT_EQ(bench.probe.attempts.back(), "\\\\PC1:135");
+}
+
+// KEEP(custom-audit-of-a-down-host-leaves-no-trace)
+TEST_F(AuditCommands, ACustomAuditOfAllSelectsEachRowAndPassesOverDownHosts) {
+    bench.probe.answers["PC2"] = fakes::kSilent;
+    on_custom_audit([](CustomAuditForm& form) {
+        form.MonthView1.value = {2004, 1, 2};
+        form.ChkSys.value = 0;
+    });
+    bench.run(runcustomforallhosts);
+    EXPECT_EQ(drawn(bench, "ListView1 AuditStat st1"), R"(
+ListView1:
+  *1|PC1|[7]-
+  *1|PC2|-
+  *1|PC3|[7]-
+AuditStat: "ok"
+st1: [][][][3/3][]
+)");
+    EXPECT_NE(bench.network.query.find("TimeWritten >= '20040102"), std::string::npos);
+    EXPECT_EQ(bench.files.bytes("/app/Data/PC1_system.log"), "");
+    EXPECT_FALSE(bench.console.Form4.loaded());
+}
+
+// KEEP(selected-hosts-leave-the-dialog-loaded)
+TEST_F(AuditCommands, ACustomAuditOfSelectedHostsLeavesTheTickBehind) {
+    Bench::select(bench.console.Form1.ListView1, {1, 2});
+    on_custom_audit([](CustomAuditForm& form) { form.chkSpecificDate.value = 1; });
+    bench.run(custaudit);
+    EXPECT_EQ(drawn(bench, "ListView1 st1"), R"(
+ListView1:
+  *1|PC1|[7]-
+  >*1|PC2|[7]-
+  1|PC3|-
+st1: [][][][2/3][]
+)");
+    ASSERT_TRUE(bench.console.Form4.loaded());
+    EXPECT_FALSE(bench.console.Form4->visible);
+    EXPECT_EQ(bench.console.Form4->chkSpecificDate.value, 1);
+}
+
+TEST_F(AuditCommands, ACustomAuditOfOneHostGoesByItsName) {
+    Bench::select(bench.console.Form1.ListView1, {2});
+    std::string caption;
+    on_custom_audit([&](CustomAuditForm& form) { caption = form.lblHostName.caption; });
+    bench.run(custaudit);
+    EXPECT_EQ(caption, "PC2");
+    EXPECT_EQ(drawn(bench, "st1"), "\nst1: [][][][0/3][]\n");
+    EXPECT_EQ(bench.network.connects, 1);
+    EXPECT_FALSE(bench.console.Form4.loaded());
+}
+
+TEST_F(AuditCommands, ACustomAuditIsIgnoredWithoutARow) {
+    bench.run(custaudit);
+    EXPECT_TRUE(bench.windows.shown.empty());
+}
+
+TEST_F(AuditCommands, TheCustomDialogReadsTheChoiceBack) {
+    std::string said;
+    bench.windows.when_shown(FormId::Form4, [&](Console& console) {
+        CustomAuditForm& form = console.Form4.get();
+        said += form.Label1.caption + "\n";
+        form.MonthView1.value = {2004, 2, 3};
+        run_event(console, choose_audit_date);
+        said += form.Label1.caption + "\n";
+        form.chkSpecificDate.value = 1;
+        run_event(console, click_specific_date);
+        said += form.Label1.caption + "\n";
+        for (CheckBox* box : {&form.ChkSys, &form.ChkApp, &form.ChkSec}) box->value = 0;
+        run_event(console, run_custom_audit);
+        said += form.visible ? "open" : "closed";
+        console.Form4.unload();
+    });
+    bench.run(runcustomforallhosts);
+    EXPECT_EQ(said,
+              "Perform audit from: 11/30/2004 onwards\nPerform audit from: 2/3/2004 onwards\n"
+              "Perform audit for: 2/3/2004\nopen");
+    ASSERT_EQ(bench.dialogs.messages.size(), 1u);
+    EXPECT_EQ(bench.dialogs.messages[0].text, "select atleast one log to audit");
+    EXPECT_EQ(bench.network.connects, 0);
+}
+
+}  // namespace
+}  // namespace tessarine

@@ -1,0 +1,168 @@
+#include "core/list_control.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "core/runtime_error.h"
+#include "core/text.h"
+#include "store/event_record.h"
+
+namespace tessarine {
+namespace {
+
+ListControl event_table() {
+    return ListControl(std::vector<ListColumn>(8));
+}
+
+void add_record(ListControl& list, const std::string& line) {
+    list.add_record_row(EventRecord(line).text(), 3);
+}
+
+std::string cells(const ListControl::Row& row) {
+    std::string text(row.text());
+    for (int i = 1; i <= row.sub_item_count(); ++i) text.append("|").append(row.sub_item(i));
+    return text;
+}
+
+std::vector<std::string> texts(ListControl& list) {
+    std::vector<std::string> all;
+    for (int row = 1; row <= list.count(); ++row) all.emplace_back(list.row(row).text());
+    return all;
+}
+
+TEST(ListControl, KeepsRecordsWhateverTheirLength) {
+    ListControl list = event_table();
+    const std::string lines[] = {
+        "a|b|c|d|e|f|g|h",
+        "|||||||",
+        "a|b|c|d|e|f|g|" + std::string(100'000, 'm'),               // a long message
+        std::string(70'000, 't') + "|b|c|d|e|f|g|h",                // no compact row
+        "a|b|c|d|e|f|g|" + std::string(std::size_t{9} << 20, 'm'),  // beyond any block
+        "z|b|c|d|e|f|g|h",
+    };
+    for (int filling = 0; filling < 2; ++filling) {
+        list.clear();
+        for (const std::string& line : lines) add_record(list, line);
+        ASSERT_EQ(list.count(), 6);
+        for (int row = 1; row <= 6; ++row)
+            EXPECT_TRUE(cells(list.row(row)) == lines[row - 1]) << "row " << row;
+    }
+}
+
+TEST(ListControl, ChangedRowsKeepTheirOtherCells) {
+    ListControl list = event_table();
+    add_record(list, "error|b|c|d|e|f|g|h");
+    add_record(list, "warning|b|c|d|e|f|g|h");
+    ListControl::Row row = list.row(1);
+    row.set_fore_colour(0, kRed);
+    row.set_fore_colour(7, kRed);
+    row.set_selected(true);
+    row.add_sub_item("extra");
+    row.set_sub_item(2, "C");
+    row.set_report_icon(8, 7);
+
+    EXPECT_EQ(cells(list.row(1)), "error|b|C|d|e|f|g|h|extra");
+    EXPECT_EQ(list.row(1).fore_colour(0), kRed);
+    EXPECT_EQ(list.row(1).fore_colour(6), kDefaultColour);
+    EXPECT_EQ(list.row(1).fore_colour(7), kRed);
+    EXPECT_EQ(list.row(1).report_icon(8), 7);
+    EXPECT_EQ(list.row(1).small_icon(), 3);
+    EXPECT_TRUE(list.row(1).selected());
+    EXPECT_EQ(cells(list.row(2)), "warning|b|c|d|e|f|g|h");
+    EXPECT_FALSE(list.row(2).selected());
+}
+
+TEST(ListControl, RaisesForWhatIsNotThere) {
+    ListControl list = event_table();
+    EXPECT_THROW(list.last_row(), RuntimeError);
+    list.add_row("short", 2).add_sub_item("1");
+    EXPECT_THROW(list.row(0), RuntimeError);
+    EXPECT_THROW(list.row(2), RuntimeError);
+    EXPECT_THROW(list.row(1).sub_item(2), RuntimeError);
+    EXPECT_THROW(list.row(1).sub_item(0), RuntimeError);
+    EXPECT_THROW(list.row(1).set_fore_colour(2, kRed), RuntimeError);
+    EXPECT_THROW(list.row(1).set_report_icon(2, 7), RuntimeError);
+    EXPECT_THROW(list.remove_row(2), RuntimeError);
+}
+
+TEST(ListControl, RemovalMovesTheSelectedItem) {
+    ListControl list = event_table();
+    for (const char* name : {"a", "b", "c", "d"}) list.add_row(name, 1);
+    list.set_selected_item(3);
+    list.remove_row(1);
+    EXPECT_EQ(list.selected_item(), 2);
+    EXPECT_EQ(list.row(2).text(), "c");
+    list.remove_row(2);
+    EXPECT_EQ(list.selected_item(), 0);
+    EXPECT_EQ(texts(list), (std::vector<std::string>{"b", "d"}));
+}
+
+TEST(ListControl, TellsWhatHasChanged) {
+    ListControl list = event_table();
+    list.add_row("a", 1);
+    list.add_row("b", 1);
+    ListChanges changes = list.take_changes();
+    EXPECT_EQ(changes.first, 1);
+    EXPECT_EQ(changes.last, 2);
+    changes = list.take_changes();
+    EXPECT_FALSE(changes.reset);
+    EXPECT_GT(changes.first, changes.last);
+    list.row(2).set_selected(true);
+    changes = list.take_changes();
+    EXPECT_EQ(changes.first, 2);
+    EXPECT_EQ(changes.last, 2);
+    list.remove_row(1);
+    EXPECT_TRUE(list.take_changes().reset);
+    list.clear();
+    EXPECT_TRUE(list.take_changes().reset);
+}
+
+// Rows that are added while sorting is on, and removed in between, against a plain sorted vector.
+TEST(ListControl, SortedInsertionAgreesWithAPlainList) {
+    for (const SortOrder order : {SortOrder::Ascending, SortOrder::Descending}) {
+        std::mt19937 random(42);
+        ListControl list = event_table();
+        list.set_sort_order(order);
+        list.set_sorted(true);
+        std::vector<std::string> expected;
+        const auto before = [&](const std::string& left, const std::string& right) {
+            const int compared = compare_text(left, right);
+            return order == SortOrder::Ascending ? compared < 0 : compared > 0;
+        };
+        for (int i = 0; i < 5'000; ++i) {
+            std::string text = std::to_string(random() % 700);
+            text.insert(0, random() % 2 == 0 ? "x" : "X");
+            const auto place = std::upper_bound(expected.begin(), expected.end(), text, before);
+            const auto position = place - expected.begin() + 1;
+            expected.insert(place, text);
+            list.add_row(text, 1);
+            ASSERT_EQ(list.row(static_cast<int>(position)).text(), text);
+            if (random() % 5 != 0) continue;
+            const auto victim = static_cast<std::ptrdiff_t>(random() % expected.size());
+            expected.erase(expected.begin() + victim);
+            list.remove_row(static_cast<int>(victim) + 1);
+        }
+        EXPECT_EQ(texts(list), expected);
+    }
+}
+
+TEST(ListControl, SortsByAnyColumnAndKeepsTheOrderOfEqualRows) {
+    ListControl list = event_table();
+    for (const char* line : {"1|b|||||||", "2|A|||||||", "3|a|||||||", "4|B|||||||"})
+        add_record(list, line);
+    list.set_sort_key(1);
+    list.set_sorted(true);
+    EXPECT_EQ(texts(list), (std::vector<std::string>{"2", "3", "1", "4"}));
+    list.set_sort_order(SortOrder::Descending);
+    EXPECT_EQ(texts(list), (std::vector<std::string>{"1", "4", "2", "3"}));
+    list.set_sorted(false);
+    list.add_row("5", 1);
+    EXPECT_EQ(list.last_row().text(), "5");
+}
+
+}  // namespace
+}  // namespace tessarine

@@ -1,0 +1,49 @@
+#include "fakes/bench.h"
+
+#include <algorithm>
+
+namespace tessarine::fakes {
+
+StatusHistory::StatusHistory(StatusBar& bar)
+    : bar_(bar), shown_(static_cast<std::size_t>(bar.panel_count())) {
+    bar_.tell(this);
+}
+
+void StatusHistory::status_changed(StatusChange /*change*/) {
+    for (int panel = 1; panel <= bar_.panel_count(); ++panel) {
+        std::string& shown = shown_[static_cast<std::size_t>(panel - 1)];
+        if (shown == bar_.text(panel)) continue;
+        shown = bar_.text(panel);
+        lines += std::to_string(panel) + ": " + shown + "\n";
+    }
+}
+
+Bench::Bench(std::span<const ControlEvent> events)
+    : windows(timeline, events),
+      console({.event_source = network,
+               .files = files,
+               .directory_listing = files,
+               .clock = clock,
+               .settings_values = settings,
+               .tcp_probe = probe,
+               .form_windows = windows,
+               .dialogs = dialogs,
+               .shell = shell,
+               .program = program}) {
+    windows.attach(console);
+    files.make_folders("/app");
+}
+
+void Bench::list_hosts(const std::vector<std::string>& names) {
+    ListControl& list = console.Form1.ListView1;
+    list.clear();
+    for (const std::string& name : names) list.add_row(name, 1).add_sub_item("-");
+}
+
+void Bench::select(ListControl& list, const std::vector<int>& rows) {
+    for (int row = 1; row <= list.count(); ++row)
+        list.row(row).set_selected(std::find(rows.begin(), rows.end(), row) != rows.end());
+    list.set_selected_item(rows.empty() ? 0 : rows.back());
+}
+
+}  // namespace tessarine::fakes

@@ -1,0 +1,80 @@
+// A console over fakes that behave, for the tests of its routines.
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "core/console_state.h"
+#include "core/control_events.h"
+#include "core/run_event.h"
+#include "fakes/fake_clock.h"
+#include "fakes/fake_settings.h"
+#include "fakes/memory_files.h"
+#include "fakes/scripted_dialogs.h"
+#include "fakes/scripted_hosts.h"
+#include "fakes/scripted_probe.h"
+#include "fakes/scripted_windows.h"
+#include "fakes/timeline.h"
+#include "platform/program.h"
+#include "platform/shell.h"
+
+namespace tessarine::fakes {
+
+class RecordedShell final : public Shell {
+  public:
+    void open(const std::string& target) override { opened.push_back(target); }
+    std::vector<std::string> opened;
+};
+
+class FakeProgram final : public Program {
+  public:
+    std::string application_directory() override { return "/app"; }
+    void end() override { ended = true; }
+    bool ended = false;
+};
+
+/// Every text that the panels of a status bar have shown, one "panel: text" a line.
+class StatusHistory final : public RepaintHook {
+  public:
+    explicit StatusHistory(StatusBar& bar);
+    ~StatusHistory() override { bar_.tell(nullptr); }
+    StatusHistory(const StatusHistory&) = delete;
+    StatusHistory& operator=(const StatusHistory&) = delete;
+
+    void status_changed(StatusChange change) override;
+    std::string lines;
+
+  private:
+    StatusBar& bar_;
+    std::vector<std::string> shown_;
+};
+
+/// The settings are at their defaults, so the event store is /app/Data, with no folder made yet.
+struct Bench {
+    /// `events` is as much of the console's table as forms that are shown modally need.
+    explicit Bench(std::span<const ControlEvent> events = {});
+
+    /// Runs a routine as an event of the window does.
+    void run(const std::function<void(Console&)>& routine) { run_event(console, routine); }
+
+    /// Fills the host list with these names, none of them selected.
+    void list_hosts(const std::vector<std::string>& names);
+    /// Selects these rows of a list, and no others; the last one is the selected item.
+    static void select(ListControl& list, const std::vector<int>& rows);
+
+    Timeline timeline;
+    MemoryFiles files;
+    FakeClock clock;
+    FakeSettings settings;
+    ScriptedProbe probe{timeline};
+    ScriptedWindows windows;
+    ScriptedDialogs dialogs;
+    RecordedShell shell;
+    FakeProgram program;
+    ScriptedHosts network;
+    Console console;
+};
+
+}  // namespace tessarine::fakes

@@ -1,0 +1,114 @@
+#include "fakes/drawn.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "core/code_page.h"
+#include "core/menus.h"
+#include "core/text.h"
+#include "fakes/bench.h"
+
+namespace tessarine::fakes {
+namespace {
+
+std::string shown(std::string_view text) {
+    std::string plain = replace_text(replace_text(text, "\r\n", "~"), "\n", "~");
+    for (char& character : plain)
+        if (static_cast<unsigned char>(character) < ' ') character = '?';
+    return to_utf8(plain);
+}
+
+std::string text_of(ListControl& list) {
+    std::string text = "\n";
+    for (int number = 1; number <= list.count(); ++number) {
+        const ListControl::Row row = list.row(number);
+        const auto mark = [&](int column) { return row.fore_colour(column) == kRed ? "!" : ""; };
+        text += "  ";
+        if (list.selected_item() == number) text += '>';
+        if (row.selected()) text += '*';
+        text += std::to_string(row.small_icon()) + "|" + mark(0) + shown(row.text());
+        for (int i = 1; i <= row.sub_item_count(); ++i) {
+            const int icon = row.report_icon(i);
+            text += "|";
+            if (icon != 0) text += "[" + std::to_string(icon) + "]";
+            text += mark(i) + shown(row.sub_item(i));
+        }
+        text += "\n";
+    }
+    return text;
+}
+
+std::string text_of(const StatusBar& bar) {
+    std::string text = " ";
+    for (int panel = 1; panel <= bar.panel_count(); ++panel)
+        text += "[" + shown(bar.text(panel)) + "]";
+    return text + "\n";
+}
+
+std::string text_of(const TabStrip& strip) {
+    std::string text = " ";
+    for (int i = 1; i <= static_cast<int>(strip.tabs.size()); ++i) {
+        text += i == strip.selected ? "[*" : "[";
+        text += strip.tab(i).caption;
+        if (strip.tab(i).image != 0) text += "#" + std::to_string(strip.tab(i).image);
+        text += "]";
+    }
+    return text + "\n";
+}
+
+std::string text_of(const ProgressBar& bar) {
+    return " " + std::to_string(bar.value()) + "/" + std::to_string(bar.maximum()) +
+           (bar.visible() ? "\n" : " hidden\n");
+}
+
+std::string text_of(const TextBox& box) {
+    return " \"" + shown(box.text) + "\"\n";
+}
+std::string text_of(const Label& label) {
+    return " \"" + shown(label.caption) + "\"\n";
+}
+std::string text_of(const CheckBox& box) {
+    return " " + std::to_string(box.value) + "\n";
+}
+std::string text_of(const CommandButton& button) {
+    return " \"" + shown(button.caption) + "\"\n";
+}
+std::string text_of(const MenuEntry& entry) {
+    std::string text;
+    if (entry.checked) text += " checked";
+    if (!entry.enabled) text += " disabled";
+    return text + "\n";
+}
+
+// Name and text of the control that is wanted; nothing when there is none.
+std::string line_of(MainForm& form, const std::string& wanted) {
+    std::string line;
+    const auto see = [&](std::string_view name, auto& control) {
+        if (name == wanted) line = wanted + ":" + text_of(control);
+    };
+    form.visit(see);
+    see("lblReturn", form.lblReturn);
+    see("AuditStat", form.AuditStat);
+    see("lblselectedTab", form.lblselectedTab);
+    see("lblselectedTab2", form.lblselectedTab2);
+    see("List1Index", form.List1Index);
+    for (const MenuTableRow& row : kMenuTable)
+        if (row.entry != nullptr) see(row.name, form.*(row.entry));
+    return line;
+}
+
+}  // namespace
+
+std::string drawn(Bench& bench, std::string_view names) {
+    std::string result = "\n";
+    std::istringstream words{std::string(names)};
+    for (std::string name; words >> name;) {
+        const std::string line = line_of(bench.console.Form1, name);
+        if (line.empty()) ADD_FAILURE() << "Form1 has no control " << name;
+        result += line;
+    }
+    return result;
+}
+
+}  // namespace tessarine::fakes

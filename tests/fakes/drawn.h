@@ -1,0 +1,26 @@
+// The console's controls as text, so that an expectation can stand in a test as it is seen.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tessarine::fakes {
+
+struct Bench;
+
+/// The controls of Form1 that are named, with blanks between, in UTF-8; an unknown name fails the
+/// test. The text begins with a line end, so that a raw string may. Line ends inside a text show as
+/// "~", other control characters as "?".
+///
+///     AlertList:                 a list; rows as icon|text|sub-items
+///       0|4625                   selected item ">", selected row "*", red cell "!",
+///       >*3|!Error|[7]-          picture of a sub-item "[7]"
+///     st1: [Zero records][][][2 hosts][]
+///     TabStrip2: [* System Log  #1][ Application Log#2]      selected "*", image "#"
+///     TxtAlert: "4625"           fields and labels
+///     Check1: 1                  boxes
+///     pbar1: 3/10 hidden
+///     shogrid: checked           menu entries
+std::string drawn(Bench& bench, std::string_view names);
+
+}  // namespace tessarine::fakes
