@@ -1,0 +1,41 @@
+#include "adapters/wsman/event_spool.h"
+
+#include "adapters/wsman/event_records.h"
+#include "adapters/wsman/failure.h"
+#include "adapters/wsman/limits.h"
+#include "core/runtime_error.h"
+
+namespace tessarine {
+namespace {
+
+constexpr std::size_t kReadSize = std::size_t{256} * 1024;
+
+}  // namespace
+
+void EventSpool::append(std::string_view records) {
+    if (records.size() > limits::kSpoolSize - file_.size())
+        raise_failure("The host sends more records than can be kept");
+    file_.append(records);
+}
+
+bool EventSpool::next(EventProperties& event) {
+    while (!take_event(unread_, event)) {
+        if (offset_ == file_.size()) return false;
+        buffer_.erase(0, buffer_.size() - unread_.size());
+        const std::size_t before = buffer_.size();
+        file_.read(offset_, kReadSize, buffer_);
+        if (buffer_.size() == before)
+            throw RuntimeError(ErrorNumber::InputOutput, "The temporary file is cut off");
+        offset_ += buffer_.size() - before;
+        unread_ = buffer_;
+    }
+    return true;
+}
+
+void EventSpool::start_over() {
+    buffer_.clear();
+    unread_ = {};
+    offset_ = 0;
+}
+
+}  // namespace tessarine

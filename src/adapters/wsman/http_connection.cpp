@@ -1,0 +1,175 @@
+#include "adapters/wsman/http_connection.h"
+
+#include <sys/socket.h>
+
+#include <cerrno>
+#include <memory>
+#include <new>
+#include <system_error>
+#include <utility>
+
+#include "adapters/wsman/failure.h"
+#include "adapters/wsman/limits.h"
+
+namespace tessarine {
+namespace {
+
+constexpr int kPollMilliseconds = 100;
+constexpr std::chrono::milliseconds kBetweenCalls{50};
+// libcurl drops a connection that was idle for longer; its own default is two minutes.
+constexpr long kLongestIdleSeconds = 3600;
+constexpr long kReceiveBuffer = 256L * 1024;
+
+using HeaderLines = std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)>;
+
+HeaderLines header_lines(const std::vector<std::string>& headers) {
+    HeaderLines lines(nullptr, curl_slist_free_all);
+    for (const std::string& header : headers) {
+        curl_slist* longer = curl_slist_append(lines.get(), header.c_str());
+        if (longer == nullptr) throw std::bad_alloc();
+        static_cast<void>(lines.release());
+        lines.reset(longer);
+    }
+    return lines;
+}
+
+// Attaches a transfer to its multi handle, and takes it off also when the caller's hook raises.
+class Attachment {
+  public:
+    Attachment(CURLM* multi, CURL* easy) : multi_(multi), easy_(easy) {
+        curl_multi_add_handle(multi_, easy_);
+    }
+    ~Attachment() { curl_multi_remove_handle(multi_, easy_); }
+    Attachment(const Attachment&) = delete;
+    Attachment& operator=(const Attachment&) = delete;
+
+  private:
+    CURLM* multi_;
+    CURL* easy_;
+};
+
+}  // namespace
+
+HttpConnection::HttpConnection(const HostAddress& address)
+    : port_(address.port),
+      last_call_(std::chrono::steady_clock::now()),
+      easy_(curl_easy_init()),
+      multi_(curl_multi_init()) {
+    if (easy_ == nullptr || multi_ == nullptr) throw std::bad_alloc();
+    set_fixed_options(address.url());
+}
+
+HttpConnection::~HttpConnection() {
+    curl_easy_cleanup(easy_);
+    curl_multi_cleanup(multi_);
+}
+
+void HttpConnection::set_fixed_options(const std::string& url) {
+    curl_easy_setopt(easy_, CURLOPT_URL, url.c_str());
+    curl_easy_setopt(easy_, CURLOPT_PROTOCOLS_STR, "http");
+    curl_easy_setopt(easy_, CURLOPT_HTTP_VERSION, CURL_HTTP_VERSION_1_1);
+    curl_easy_setopt(easy_, CURLOPT_PROXY, "");
+    curl_easy_setopt(easy_, CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(easy_, CURLOPT_POST, 1L);
+    curl_easy_setopt(easy_, CURLOPT_MAXAGE_CONN, kLongestIdleSeconds);
+    curl_easy_setopt(easy_, CURLOPT_CONNECTTIMEOUT, static_cast<long>(limits::kConnect.count()));
+    curl_easy_setopt(easy_, CURLOPT_LOW_SPEED_LIMIT, limits::kSlowestTransfer);
+    curl_easy_setopt(easy_, CURLOPT_BUFFERSIZE, kReceiveBuffer);
+    curl_easy_setopt(easy_, CURLOPT_HEADERFUNCTION, on_header);
+    curl_easy_setopt(easy_, CURLOPT_HEADERDATA, this);
+    curl_easy_setopt(easy_, CURLOPT_WRITEFUNCTION, on_body);
+    curl_easy_setopt(easy_, CURLOPT_WRITEDATA, this);
+    curl_easy_setopt(easy_, CURLOPT_OPENSOCKETFUNCTION, on_open_socket);
+    curl_easy_setopt(easy_, CURLOPT_OPENSOCKETDATA, this);
+}
+
+const HttpAnswer& HttpConnection::post(const std::vector<std::string>& headers,
+                                       std::string_view body, HttpPatience patience,
+                                       const std::function<void()>& while_waiting) {
+    const HeaderLines lines = header_lines(headers);
+    curl_easy_setopt(easy_, CURLOPT_HTTPHEADER, lines.get());
+    curl_easy_setopt(easy_, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
+    curl_easy_setopt(easy_, CURLOPT_POSTFIELDS, body.data());
+    curl_easy_setopt(easy_, CURLOPT_LOW_SPEED_TIME, static_cast<long>(patience.silence.count()));
+    curl_easy_setopt(easy_, CURLOPT_TIMEOUT, static_cast<long>(patience.whole.count()));
+    answer_.clear();
+    header_bytes_ = 0;
+    const CURLcode code = run(while_waiting);
+    if (code != CURLE_OK) raise_failure(failure_text(code));
+    answered_ = true;
+    curl_easy_getinfo(easy_, CURLINFO_RESPONSE_CODE, &answer_.status);
+    return answer_;
+}
+
+CURLcode HttpConnection::run(const std::function<void()>& while_waiting) {
+    const Attachment attachment(multi_, easy_);
+    for (int running = 1; running != 0; call_now_and_then(while_waiting)) {
+        CURLMcode code = curl_multi_perform(multi_, &running);
+        if (code == CURLM_OK && running != 0)
+            code = curl_multi_poll(multi_, nullptr, 0, kPollMilliseconds, nullptr);
+        if (code != CURLM_OK) raise_failure(curl_multi_strerror(code));
+    }
+    return finished_code();
+}
+
+CURLcode HttpConnection::finished_code() {
+    int left = 0;
+    const CURLMsg* message = curl_multi_info_read(multi_, &left);
+    return message == nullptr ? CURLE_RECV_ERROR : message->data.result;
+}
+
+void HttpConnection::call_now_and_then(const std::function<void()>& while_waiting) {
+    const auto now = std::chrono::steady_clock::now();
+    if (!while_waiting || now - last_call_ < kBetweenCalls) return;
+    last_call_ = now;
+    while_waiting();
+}
+
+std::string HttpConnection::failure_text(CURLcode code) const {
+    if (too_large_) return "The host's answer is too large";
+    if (code == CURLE_COULDNT_RESOLVE_HOST) return "The host's name is unknown";
+    if (code == CURLE_OPERATION_TIMEDOUT) return "The host doesn't answer (timed out)";
+    if (code == CURLE_COULDNT_CONNECT && !answered_) return connect_failure_text();
+    if (answered_ || code == CURLE_SEND_ERROR || code == CURLE_RECV_ERROR ||
+        code == CURLE_GOT_NOTHING || code == CURLE_PARTIAL_FILE)
+        return "The connection to the host is lost";
+    return std::string("The connection to the host failed: ") + curl_easy_strerror(code);
+}
+
+std::string HttpConnection::connect_failure_text() const {
+    long number = 0;
+    curl_easy_getinfo(easy_, CURLINFO_OS_ERRNO, &number);
+    if (number == ECONNREFUSED)
+        return "Port " + std::to_string(port_) + " of the host is closed (connection refused)";
+    const std::string why = std::generic_category().message(static_cast<int>(number));
+    return "The host can't be reached: " + why;
+}
+
+std::size_t HttpConnection::on_header(char* bytes, std::size_t size, std::size_t count,
+                                      void* connection) {
+    auto& self = *static_cast<HttpConnection*>(connection);
+    self.header_bytes_ += size * count;
+    self.too_large_ = self.header_bytes_ > limits::kAnswerHeaders;
+    if (self.too_large_) return 0;
+    self.answer_.take_header({bytes, size * count});
+    return size * count;
+}
+
+std::size_t HttpConnection::on_body(char* bytes, std::size_t size, std::size_t count,
+                                    void* connection) {
+    auto& self = *static_cast<HttpConnection*>(connection);
+    self.too_large_ = self.answer_.body.size() + size * count > limits::kAnswerBody;
+    if (self.too_large_) return 0;
+    self.answer_.body.append(bytes, size * count);
+    return size * count;
+}
+
+// libcurl would answer the death of the connection with a new one and send the sealed message there
+// once more. A new connection has no security context, and the host's cursor may have moved.
+curl_socket_t HttpConnection::on_open_socket(void* connection, curlsocktype,
+                                             curl_sockaddr* address) {
+    if (static_cast<const HttpConnection*>(connection)->answered_) return CURL_SOCKET_BAD;
+    return socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+}
+
+}  // namespace tessarine

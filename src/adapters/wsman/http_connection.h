@@ -1,0 +1,63 @@
+// HTTP POST over one TCP connection that is never replaced: the security context belongs to it.
+#pragma once
+
+#include <curl/curl.h>
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "adapters/wsman/host_address.h"
+#include "adapters/wsman/http_answer.h"
+
+namespace tessarine {
+
+/// How long a host may be silent, and how long one whole exchange may take.
+struct HttpPatience {
+    std::chrono::seconds silence;
+    std::chrono::seconds whole;
+};
+
+class HttpConnection {
+  public:
+    /// Connects with the first post.
+    explicit HttpConnection(const HostAddress& address);
+    ~HttpConnection();
+    HttpConnection(const HttpConnection&) = delete;
+    HttpConnection& operator=(const HttpConnection&) = delete;
+
+    /// Sends `body` with the header lines `headers` and takes the answer, of whatever status, which
+    /// holds until the next post. Raises a RuntimeError where there is none: no such host, refused,
+    /// silent, lost, too large. `while_waiting`, where there is one, is called several times a
+    /// second until the answer is there.
+    const HttpAnswer& post(const std::vector<std::string>& headers, std::string_view body,
+                           HttpPatience patience, const std::function<void()>& while_waiting);
+
+  private:
+    void set_fixed_options(const std::string& url);
+    CURLcode run(const std::function<void()>& while_waiting);
+    CURLcode finished_code();
+    void call_now_and_then(const std::function<void()>& while_waiting);
+    std::string failure_text(CURLcode code) const;
+    std::string connect_failure_text() const;
+
+    // libcurl's callbacks; `connection` is this object.
+    static std::size_t on_header(char* bytes, std::size_t size, std::size_t count,
+                                 void* connection);
+    static std::size_t on_body(char* bytes, std::size_t size, std::size_t count, void* connection);
+    static curl_socket_t on_open_socket(void* connection, curlsocktype purpose,
+                                        curl_sockaddr* address);
+
+    int port_;
+    std::chrono::steady_clock::time_point last_call_;
+    CURL* easy_;
+    CURLM* multi_;
+    HttpAnswer answer_;
+    std::size_t header_bytes_ = 0;
+    bool too_large_ = false;
+    bool answered_ = false;
+};
+
+}  // namespace tessarine

@@ -1,0 +1,58 @@
+// SOAP messages to one host, each under the seal of the user's sign-in (MS-WSMV, "Message
+// Encryption"): one at a time, because the seals of a direction follow each other.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "adapters/wsman/encrypted_message.h"
+#include "adapters/wsman/host_address.h"
+#include "adapters/wsman/http_connection.h"
+#include "adapters/wsman/negotiation.h"
+#include "adapters/wsman/security_seal.h"
+#include "adapters/wsman/soap_channel.h"
+#include "platform/event_source.h"
+
+namespace tessarine {
+
+class SealedChannel final : public SoapChannel {
+  public:
+    /// `operation_timeout` is what the host itself takes for one request at most. `while_waiting`,
+    /// where there is one, is called several times a second during each wait.
+    SealedChannel(const HostAddress& address, const std::optional<Credentials>& credentials,
+                  std::chrono::seconds operation_timeout, std::function<void()> while_waiting,
+                  PartHeaderIndent indent);
+
+    /// Connects and signs in. Raises a RuntimeError that says why that is not possible.
+    void open();
+
+    /// Raises a RuntimeError also for an answer without a seal; every exchange after an error does.
+    std::string exchange(std::string_view soap) override;
+
+    /// Waits limits::kRelease at most, and without calling `while_waiting`.
+    void send_parting(std::string_view soap) override;
+
+    bool is_usable() const override { return usable_; }
+    const std::string& url() const { return url_; }
+
+  private:
+    void finish_sign_in(const std::string& token);
+    const HttpAnswer& post_token(const std::string& token);
+    std::string exchange(std::string_view soap, HttpPatience patience,
+                         const std::function<void()>& while_waiting);
+    std::string open_answer(const HttpAnswer& answer);
+
+    std::string url_;
+    HttpConnection connection_;
+    Negotiation negotiation_;
+    std::optional<SecuritySeal> seal_;
+    std::function<void()> while_waiting_;
+    HttpPatience patience_;
+    PartHeaderIndent indent_;
+    bool usable_ = false;
+};
+
+}  // namespace tessarine
