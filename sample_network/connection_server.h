@@ -1,0 +1,73 @@
+// A TCP port of a host, and the connections to it.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <mutex>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <thread>
+
+#include "sample_network/file_descriptor.h"
+
+namespace tessarine::sample {
+
+/// Raised when there is nothing more to do with a connection: the other end has closed it, it is
+/// broken, or the server stops.
+struct ConnectionEnded : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// One accepted connection. Each call waits until it can go on or the server stops.
+class Connection {
+  public:
+    Connection(FileDescriptor socket, int stop_descriptor);
+
+    /// At least one byte. Raises ConnectionEnded at the end, and when `patience` is over first.
+    std::size_t read_some(std::span<char> buffer, std::chrono::milliseconds patience);
+    void write(std::string_view bytes);
+
+  private:
+    void wait_for(short events, std::chrono::milliseconds patience) const;
+
+    FileDescriptor socket_;
+    int stop_descriptor_;
+};
+
+/// Accepts connections until it is destroyed, each in a thread of its own.
+class ConnectionServer {
+  public:
+    /// Runs a connection until it returns or raises ConnectionEnded. Called in several threads.
+    using Handler = std::function<void(Connection&)>;
+
+    /// Listens on an IPv4 address. Port 0 takes a free one. Raises a std::system_error.
+    ConnectionServer(const std::string& address, std::uint16_t port, Handler handler);
+    ConnectionServer(const ConnectionServer&) = delete;
+    ConnectionServer& operator=(const ConnectionServer&) = delete;
+
+    /// Breaks all connections and waits for their threads.
+    ~ConnectionServer();
+
+    std::uint16_t port() const { return port_; }
+
+  private:
+    void accept_connections();
+    void serve(FileDescriptor socket);
+    void connection_ended();
+
+    Handler handler_;
+    FileDescriptor listener_;
+    FileDescriptor stop_;
+    std::uint16_t port_ = 0;
+    std::mutex mutex_;
+    std::condition_variable ended_;
+    int connections_ = 0;
+    std::thread acceptor_;
+};
+
+}  // namespace tessarine::sample

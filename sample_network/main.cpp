@@ -1,0 +1,117 @@
+// The sample network: several Windows hosts, for trying the console and for tests.
+
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+
+#include "adapters/system/freed_memory.h"
+#include "sample_network/command.h"
+#include "sample_network/desk.h"
+#include "sample_network/options.h"
+#include "sample_network/private_network.h"
+#include "sample_network/sample_network.h"
+#include "sample_network/user_list.h"
+#include "sample_network/wrapped_network.h"
+
+namespace tessarine::sample {
+namespace {
+
+constexpr int kOwnFailure = 125;
+
+std::vector<SampleHost> hosts_for(const Options& options) {
+    const Instant newest =
+        options.today
+            ? Instant{*options.today} + std::chrono::hours(18)
+            : std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
+    std::vector<SampleHost> hosts = options.events.empty()
+                                        ? built_in_hosts(newest, options.large_count)
+                                        : hosts_from_files(options.events);
+    return options.only.empty() ? hosts : only_hosts(hosts, options.only);
+}
+
+void describe(const std::vector<SampleHost>& hosts) {
+    for (const SampleHost& host : hosts)
+        std::cerr << host.address << '\t' << host.name << '\t' << host.description << '\n';
+    std::cerr << "User " << kSampleDomain << '\\' << kSampleUser << ", password " << kSamplePassword
+              << '\n';
+}
+
+Texts command_of(const Options& options) {
+    if (!options.shell) return options.command;
+    const char* shell = std::getenv("SHELL");
+    return {shell == nullptr ? "/bin/sh" : shell};
+}
+
+int serve_loopback(const Options& options, const HeldSignals& signals) {
+    const UserList users;
+    SampleNetwork network(hosts_for(options));
+    for (const std::string& place : network.listen_loopback(*options.loopback_port))
+        std::cout << place << '\n';
+    std::cout << std::flush;
+    signals.wait_for_end(true);
+    return EXIT_SUCCESS;
+}
+
+int serve(const Options& options, const HeldSignals& signals, const std::vector<SampleHost>& hosts,
+          DownHosts down_hosts) {
+    // The command must not find the hosts' user list in its environment.
+    const Texts environment = current_environment();
+    const UserList users;
+    SampleNetwork network(hosts);
+    network.listen(down_hosts);
+    if (!options.quiet) describe(hosts);
+    const Texts command = command_of(options);
+    if (!command.empty()) return signals.run_command(command, environment);
+    std::cerr << "Running until Ctrl-C\n";
+    signals.wait_for_end(false);
+    return EXIT_SUCCESS;
+}
+
+// This very call once more, inside the wrapper libraries.
+int serve_wrapped(const HeldSignals& signals, const Texts& arguments, const std::string& hosts) {
+    Texts inside = {std::filesystem::read_symlink("/proc/self/exe"), "--network", "present"};
+    inside.insert(inside.end(), arguments.begin(), arguments.end());
+    const auto status = run_in_wrapped_network(signals, inside, hosts);
+    if (!status) throw std::runtime_error("libsocket-wrapper or libnss-wrapper is missing");
+    return *status;
+}
+
+int run(const Options& options, const Texts& arguments) {
+    keep_freed_memory();
+    const HeldSignals signals;
+    if (options.loopback_port) return serve_loopback(options, signals);
+    const std::vector<SampleHost> hosts = hosts_for(options);
+    if (options.network == NetworkChoice::Present)
+        return serve(options, signals, hosts, DownHosts::Absent);
+    if (!options.desk.empty()) prepare_desk(options.desk, hosts);
+    const auto say = [&](const std::string& text) {
+        if (!options.quiet) std::cerr << text << '\n';
+    };
+    if (options.network != NetworkChoice::Wrapped) {
+        const auto problem = enter_private_network(hosts_file_lines(hosts));
+        if (!problem) {
+            say("Using a private network");
+            return serve(options, signals, hosts, DownHosts::Silent);
+        }
+        if (options.network == NetworkChoice::Private) throw std::runtime_error(*problem);
+        say("No private network here: " + *problem);
+    }
+    say("Using the wrapper libraries");
+    return serve_wrapped(signals, arguments, hosts_file_lines(hosts));
+}
+
+}  // namespace
+}  // namespace tessarine::sample
+
+int main(int count, char** values) try {
+    const tessarine::sample::Texts arguments(values + 1, values + count);
+    const auto options = tessarine::sample::parse_options(arguments);
+    if (options.help) {
+        std::cout << tessarine::sample::kHelp;
+        return EXIT_SUCCESS;
+    }
+    return tessarine::sample::run(options, arguments);
+} catch (const std::exception& error) {
+    std::cerr << "tessarine-sample-network: " << error.what() << '\n';
+    return tessarine::sample::kOwnFailure;
+}

@@ -1,0 +1,140 @@
+#include "sample_network/sample_host.h"
+
+#include <strings.h>
+
+#include <algorithm>
+#include <fstream>
+#include <stdexcept>
+
+#include "sample_network/event_files.h"
+
+namespace tessarine::sample {
+namespace {
+
+constexpr std::uint32_t kUsualCount = 5000;
+constexpr std::size_t kFirstAddress = 11;
+constexpr std::size_t kMostHosts = 200;
+
+// The clocks of the European Union change in the last Sunday nights of March and October.
+TimeZone european_zone(const char* name, int bias) {
+    return {name, bias, -60, {10, 5, 0, 3}, {3, 5, 0, 2}};
+}
+
+// `count` records in the usual proportions.
+std::vector<LogShare> usual_logs(std::uint32_t count) {
+    const std::uint32_t application = count / 5;
+    const std::uint32_t system = count / 4;
+    const std::uint32_t shell = count / 50;
+    return {{LogName::Application, application},
+            {LogName::Security, count - application - system - shell},
+            {LogName::System, system},
+            {LogName::PowerShell, shell}};
+}
+
+HistoryPlan plan_for(const std::string& host, std::vector<LogShare> logs, Instant newest) {
+    HistoryPlan plan;
+    plan.computer_name = host + ".sample.example";
+    plan.logs = std::move(logs);
+    for (const char c : host) plan.seed = plan.seed * 31 + static_cast<unsigned char>(c);
+    plan.newest = newest;
+    return plan;
+}
+
+SampleHost english_host(const std::string& name, const char* description,
+                        std::vector<LogShare> logs, Instant newest) {
+    SampleHost host;
+    host.name = name;
+    host.description = description;
+    host.time_zone = european_zone("GMT Standard Time", 0);
+    host.history = generated_history(plan_for(name, std::move(logs), newest));
+    return host;
+}
+
+SampleHost german_host(Instant newest) {
+    SampleHost host;
+    host.name = "BERLIN01";
+    host.description = "a German server";
+    host.time_zone = european_zone("W. Europe Standard Time", 60);
+    HistoryPlan plan = plan_for(host.name, usual_logs(1800), newest);
+    plan.language = Language::German;
+    host.history = generated_history(plan);
+    return host;
+}
+
+void give_addresses(std::vector<SampleHost>& hosts) {
+    for (std::size_t i = 0; i < hosts.size(); ++i)
+        hosts[i].address = "127.0.0." + std::to_string(kFirstAddress + i);
+}
+
+bool same_name(const std::string& left, const std::string& right) {
+    return strcasecmp(left.c_str(), right.c_str()) == 0;
+}
+
+SampleHost host_from_file(const std::filesystem::path& path) {
+    std::ifstream lines(path);
+    EventFile file = read_event_file(lines, path.filename().string());
+    if (!lines.eof()) throw std::runtime_error("Can't read " + path.string());
+    SampleHost host;
+    host.name = path.stem().string();
+    host.description = std::to_string(file.events.size()) + " records from a file";
+    host.time_zone.name = "Host Standard Time";
+    host.time_zone.bias = static_cast<int>(file.offset.count());
+    host.history = history_of(std::move(file.events));
+    return host;
+}
+
+}  // namespace
+
+std::vector<SampleHost> built_in_hosts(Instant newest, std::uint32_t large_count) {
+    std::vector<SampleHost> hosts;
+    hosts.push_back(
+        english_host("FILESRV01", "an English server", usual_logs(kUsualCount), newest));
+    hosts.push_back(german_host(newest));
+    hosts.push_back(english_host("KIOSK07", "without any record", {}, newest));
+    hosts.push_back(english_host("WEBSRV02", "an empty Security log",
+                                 {{LogName::Application, 400}, {LogName::System, 600}}, newest));
+    hosts.push_back(english_host("LOGSRV01", "a large server", usual_logs(large_count), newest));
+    hosts.push_back(english_host("PRINTSRV01", "port 135 answers, 5985 is closed", {}, newest));
+    hosts.back().state = HostState::PortMapperOnly;
+    hosts.push_back(english_host("NOTEBOOK23", "down", {}, newest));
+    hosts.back().state = HostState::Down;
+    hosts.push_back(english_host("VAULT01", "denies access", usual_logs(200), newest));
+    hosts.back().faults.at_enumerate = FaultKind::AccessDenied;
+    give_addresses(hosts);
+    return hosts;
+}
+
+std::vector<SampleHost> hosts_from_files(const std::filesystem::path& folder) {
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder / "hosts"))
+        if (entry.path().extension() == ".jsonl") files.push_back(entry.path());
+    if (files.empty() || files.size() > kMostHosts)
+        throw std::runtime_error("There must be 1 to " + std::to_string(kMostHosts) +
+                                 " files *.jsonl in " + (folder / "hosts").string());
+    std::sort(files.begin(), files.end());
+    std::vector<SampleHost> hosts;
+    std::transform(files.begin(), files.end(), std::back_inserter(hosts), host_from_file);
+    give_addresses(hosts);
+    return hosts;
+}
+
+std::vector<SampleHost> only_hosts(const std::vector<SampleHost>& hosts,
+                                   const std::vector<std::string>& names) {
+    std::vector<SampleHost> chosen;
+    for (const std::string& name : names) {
+        const auto found = std::find_if(hosts.begin(), hosts.end(), [&](const SampleHost& host) {
+            return same_name(host.name, name);
+        });
+        if (found == hosts.end()) throw std::runtime_error("There is no sample host " + name);
+        chosen.push_back(*found);
+    }
+    return chosen;
+}
+
+std::string hosts_file_lines(const std::vector<SampleHost>& hosts) {
+    std::string lines;
+    for (const SampleHost& host : hosts) lines += host.address + "\t" + host.name + "\n";
+    return lines;
+}
+
+}  // namespace tessarine::sample

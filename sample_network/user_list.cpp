@@ -1,0 +1,27 @@
+#include "sample_network/user_list.h"
+
+#include <sys/mman.h>
+#include <sys/stat.h>
+
+#include <cstdlib>
+
+namespace tessarine::sample {
+namespace {
+
+constexpr const char* kVariable = "NTLM_USER_FILE";
+
+}  // namespace
+
+UserList::UserList() : memory_(checked(memfd_create("users", MFD_CLOEXEC), "memfd_create")) {
+    const std::string line =
+        std::string(kSampleDomain) + ":" + kSampleUser + ":" + kSamplePassword + "\n";
+    checked(fchmod(memory_.get(), S_IRUSR | S_IWUSR), "fchmod");
+    checked(static_cast<int>(write(memory_.get(), line.data(), line.size())), "write");
+    setenv(kVariable, ("/proc/self/fd/" + std::to_string(memory_.get())).c_str(), 1);
+}
+
+UserList::~UserList() {
+    unsetenv(kVariable);
+}
+
+}  // namespace tessarine::sample

@@ -1,0 +1,30 @@
+// Who may ask the hosts, in the form in which the NTLM acceptor reads it.
+#pragma once
+
+#include <string>
+
+#include "sample_network/file_descriptor.h"
+
+namespace tessarine::sample {
+
+/// The one user of the sample network, and its password: they protect nothing.
+inline constexpr const char* kSampleDomain = "SAMPLE";
+inline constexpr const char* kSampleUser = "auditor";
+inline constexpr const char* kSamplePassword = "Kestrel-4711";
+
+/// The user list of this process, in memory alone: no file has to be removed, however the process
+/// ends. It is made known through the variable NTLM_USER_FILE (gss-ntlmssp) of the environment, so
+/// make it before other threads read that, and give no child this environment.
+class UserList {
+  public:
+    /// Raises a std::system_error.
+    UserList();
+    UserList(const UserList&) = delete;
+    UserList& operator=(const UserList&) = delete;
+    ~UserList();
+
+  private:
+    FileDescriptor memory_;
+};
+
+}  // namespace tessarine::sample

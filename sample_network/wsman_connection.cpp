@@ -1,0 +1,60 @@
+#include "sample_network/wsman_connection.h"
+
+#include <strings.h>
+
+#include "adapters/wsman/base64.h"
+#include "adapters/wsman/encrypted_message.h"
+#include "adapters/wsman/security_seal.h"
+#include "core/runtime_error.h"
+#include "sample_network/http_exchange.h"
+#include "sample_network/negotiate_acceptor.h"
+#include "sample_network/wsman_session.h"
+
+namespace tessarine::sample {
+namespace {
+
+// The security context and the open enumerations belong to the connection.
+class WsmanConnection {
+  public:
+    explicit WsmanConnection(const SampleHost& host) : session_(host) {}
+
+    HttpAnswer answer(const HttpRequest& request) {
+        if (strcasecmp(request.path.c_str(), "/wsman") != 0) return {404, {}, {}, {}};
+        if (request.method != "POST") return {405, {}, {}, {}};
+        if (!request.authorization.empty()) return authenticate(request.authorization);
+        if (!request.content_type.starts_with("multipart/encrypted") && !request.body.empty())
+            return {500, {}, {}, {}};
+        if (acceptor_.context() == GSS_C_NO_CONTEXT) return {401, "Negotiate", {}, {}};
+        return answer_sealed(request.body);
+    }
+
+  private:
+    HttpAnswer authenticate(const std::string& authorization) {
+        const auto [handshake, token] = acceptor_.accept(authorization);
+        const std::string challenge =
+            token.empty() ? "Negotiate" : "Negotiate " + encode_base64(token);
+        if (handshake != Handshake::Complete) return {401, challenge, {}, {}};
+        return {200, token.empty() ? std::nullopt : std::optional(challenge), {}, {}};
+    }
+
+    HttpAnswer answer_sealed(const std::string& body) try {
+        SecuritySeal seal(acceptor_.context());
+        const SoapAnswer soap = session_.answer(decrypt_message(seal, body));
+        return {soap.status, {}, kEncryptedContentType, encrypt_message(seal, soap.text)};
+    } catch (const RuntimeError&) {
+        return {400, {}, {}, {}};
+    }
+
+    NegotiateAcceptor acceptor_;
+    WsmanSession session_;
+};
+
+}  // namespace
+
+void serve_wsman(Connection& connection, const SampleHost& host) {
+    HttpReader reader(connection);
+    WsmanConnection service(host);
+    while (true) connection.write(http_text(service.answer(reader.read())));
+}
+
+}  // namespace tessarine::sample

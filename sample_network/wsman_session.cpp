@@ -1,0 +1,90 @@
+#include "sample_network/wsman_session.h"
+
+#include <strings.h>
+
+#include <algorithm>
+
+#include "sample_network/soap_text.h"
+
+namespace tessarine::sample {
+namespace {
+
+constexpr const char* kAllClasses = "http://schemas.microsoft.com/wbem/wsman/1/wmi/root/cimv2/*";
+constexpr std::size_t kMostEnumerations = 15;
+constexpr std::size_t kSmallestEnvelope = 8'192;
+constexpr std::size_t kLargestEnvelope = 512'000;
+
+// A host counts an envelope in UTF-16, and lowers a limit above its own in silence.
+std::size_t units_for_items(std::size_t max_envelope_size) {
+    return std::min(max_envelope_size, kLargestEnvelope) / 2 - kEnvelopeReserve;
+}
+
+}  // namespace
+
+SoapAnswer WsmanSession::answer(std::string_view request_text) {
+    const auto request = parse_soap_request(request_text);
+    if (!request || request->max_envelope_size < kSmallestEnvelope)
+        return {500, fault_answer("", FaultKind::RequestNotUnderstood, host_.name)};
+    return answer(*request);
+}
+
+SoapAnswer WsmanSession::answer(const SoapRequest& request) try {
+    switch (request.action) {
+        case SoapAction::Enumerate:
+            return {200, enumerate(request)};
+        case SoapAction::Pull:
+            return {200, pull(request)};
+        case SoapAction::Release:
+            break;
+    }
+    return {200, release(request)};
+} catch (const SoapFault& fault) {
+    return {500, fault_answer(request.message_id, fault.kind, host_.name)};
+}
+
+std::string WsmanSession::enumerate(const SoapRequest& request) {
+    if (host_.faults.at_enumerate) throw SoapFault{*host_.faults.at_enumerate};
+    const auto query = parse_wql(request.filter);
+    if (!query || strcasecmp(request.resource_uri.c_str(), kAllClasses) != 0)
+        throw SoapFault{FaultKind::QueryNotUnderstood};
+    if (enumerations_.size() >= kMostEnumerations) throw SoapFault{FaultKind::TooManyEnumerations};
+    OpenEnumeration open{Enumeration(host_, *query), request.max_envelope_size};
+    // Since 2008 hosts begin with one item, whatever the client would take.
+    Page page;
+    if (request.optimize)
+        page = open.enumeration.take(1, units_for_items(request.max_envelope_size));
+    const std::string context = page.last ? "" : keep(std::move(open));
+    return enumerate_answer(request.message_id, context, page);
+}
+
+std::string WsmanSession::pull(const SoapRequest& request) {
+    const auto found = find(request);
+    if (found->second.max_envelope_size != request.max_envelope_size)
+        throw SoapFault{FaultKind::PullDiffers};
+    OpenEnumeration open = std::move(found->second);
+    enumerations_.erase(found);
+    const Page page =
+        open.enumeration.take(request.max_elements, units_for_items(open.max_envelope_size));
+    const std::string context = page.last ? "" : keep(std::move(open));
+    return pull_answer(request.message_id, context, page);
+}
+
+std::string WsmanSession::release(const SoapRequest& request) {
+    enumerations_.erase(find(request));
+    return release_answer(request.message_id);
+}
+
+// Every answer has a new context, and the one before is gone.
+std::string WsmanSession::keep(OpenEnumeration&& open) {
+    std::string context = new_uuid();
+    enumerations_.emplace(context, std::move(open));
+    return context;
+}
+
+WsmanSession::Enumerations::iterator WsmanSession::find(const SoapRequest& request) {
+    const auto found = enumerations_.find(request.context);
+    if (found == enumerations_.end()) throw SoapFault{FaultKind::UnknownContext};
+    return found;
+}
+
+}  // namespace tessarine::sample

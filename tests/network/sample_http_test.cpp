@@ -1,0 +1,67 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/eventfd.h>
+#include <sys/socket.h>
+
+#include "sample_network/http_exchange.h"
+
+namespace tessarine::sample {
+namespace {
+
+// A connection whose other end the test holds.
+class SampleHttp : public testing::Test {
+  protected:
+    SampleHttp() : stop_(eventfd(0, EFD_CLOEXEC)) {
+        int ends[2];
+        checked(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends), "socketpair");
+        client_ = FileDescriptor(ends[0]);
+        connection_.emplace(FileDescriptor(ends[1]), stop_.get());
+    }
+
+    void send(const std::string& bytes) {
+        ASSERT_EQ(write(client_.get(), bytes.data(), bytes.size()),
+                  static_cast<ssize_t>(bytes.size()));
+    }
+
+    FileDescriptor stop_;
+    FileDescriptor client_;
+    std::optional<Connection> connection_;
+};
+
+TEST_F(SampleHttp, KeepsRequestsApart) {
+    send(
+        "POST /wsman HTTP/1.1\r\nCONTENT-LENGTH:  3 \r\nauthorization: Negotiate TlRM\r\n\r\na\r\n"
+        "POST /other HTTP/1.1\r\nContent-Type: multipart/encrypted\r\nContent-Length: 1\r\n\r\n");
+    HttpReader reader(*connection_);
+    const HttpRequest first = reader.read();
+    EXPECT_EQ(first.body, "a\r\n");
+    EXPECT_EQ(first.authorization, "Negotiate TlRM");
+    send("b");
+    const HttpRequest second = reader.read();
+    EXPECT_EQ(second.path, "/other");
+    EXPECT_EQ(second.body, "b");
+    EXPECT_EQ(second.content_type, "multipart/encrypted");
+    EXPECT_EQ(second.authorization, "");
+}
+
+TEST_F(SampleHttp, GivesUpOnWhatHasNoEnd) {
+    for (const std::string& request :
+         {std::string("POST / HTTP/1.1\r\nContent-Length: 1048577\r\n\r\n"),
+          std::string("POST / HTTP/1.1\r\nContent-Length: -1\r\n\r\n"),
+          std::string("POST / HTTP/1.1\r\nTransfer-Encoding: chunked\r\n\r\n"),
+          std::string(70'000, 'x')}) {
+        send(request);
+        EXPECT_THROW(HttpReader(*connection_).read(), ConnectionEnded) << request.substr(0, 60);
+    }
+}
+
+TEST_F(SampleHttp, EndsWithTheClientAndWithTheServer) {
+    send("POST / HTTP/1.1\r\n");
+    client_ = FileDescriptor();
+    EXPECT_THROW(HttpReader(*connection_).read(), ConnectionEnded);
+    eventfd_write(stop_.get(), 1);
+    EXPECT_THROW(connection_->write("too late"), ConnectionEnded);
+}
+
+}  // namespace
+}  // namespace tessarine::sample
