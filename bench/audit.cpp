@@ -1,0 +1,74 @@
+// Audits one host over the network, as the window's commands do once the host is known to be there.
+#include <sys/resource.h>
+
+#include <chrono>
+#include <fstream>
+#include <iostream>
+#include <string>
+
+#include "adapters/system/freed_memory.h"
+#include "adapters/system/sqlite_settings.h"
+#include "adapters/wsman/wsman_event_source.h"
+#include "audit/audit_host.h"
+#include "bench/arguments.h"
+#include "bench/commands.h"
+#include "bench/idle_platform.h"
+#include "bench/json_text.h"
+#include "core/code_page.h"
+
+namespace tessarine::bench {
+namespace {
+
+// Memory of the process in KiB: what the kernel says under `name`, "VmRSS" or "VmHWM".
+long memory(const std::string& name) {
+    std::ifstream status("/proc/self/status");
+    std::string word;
+    long kib = 0;
+    while (status >> word)
+        if (word == name + ":") status >> kib;
+    return kib;
+}
+
+// Counts the records that the audit walks, by the progress that it shows.
+long records_of(const Console& console) {
+    return console.Form1.pbar1.maximum();
+}
+
+void choose_option(Console& console, const std::string& option) {
+    SettingsForm& settings = console.Form3.get();
+    if (option == "append")
+        settings.choose(settings.optAppend);
+    else if (option == "move")
+        settings.choose(settings.optMove);
+    else if (option == "overwrite")
+        settings.choose(settings.optOverwrite);
+    else
+        throw UsageError("there is no option " + option);
+}
+
+}  // namespace
+
+void audit(std::span<char* const> words) {
+    const Arguments arguments(words, {"--settings", "--option", "--kind"}, 2, 2);
+    keep_freed_memory();
+    IdlePlatform idle;
+    WsmanEventSource source({});
+    SqliteSettings settings(from_utf8(arguments.value("--settings", "settings.db")));
+    Console console(idle.platform(source, settings));
+    choose_option(console, arguments.value("--option", "overwrite"));
+    console.Form3->txtLogPath.text = from_utf8(arguments.plain()[0]);
+    console.Form3->txtArchivePath.text = console.Form3->txtLogPath.text;
+    const std::string host = from_utf8(arguments.plain()[1]);
+    const long idle_memory = memory("VmRSS");
+    const auto start = std::chrono::steady_clock::now();
+    AuditHost(console, host, arguments.value("--kind", "full"), {});
+    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+    std::cout << "{\"outcome\": " << json_text(to_utf8(console.Form1.AuditStat.text))
+              << ", \"panel1\": " << json_text(to_utf8(console.Form1.st1.text(1)))
+              << ", \"records\": " << records_of(console)
+              << ", \"seconds\": " << std::to_string(time.count())
+              << ", \"idle_kib\": " << idle_memory << ", \"peak_kib\": " << memory("VmHWM")
+              << "}\n";
+}
+
+}  // namespace tessarine::bench

@@ -1,0 +1,14 @@
+// The commands of the bench. Each takes the words behind its name, prints its result, and raises a
+// UsageError when it is called in another way than main.cpp tells.
+#pragma once
+
+#include <span>
+
+namespace tessarine::bench {
+
+void generate(std::span<char* const> words);
+void load(std::span<char* const> words);
+void audit(std::span<char* const> words);
+void limits(std::span<char* const> words);
+
+}  // namespace tessarine::bench

@@ -1,0 +1,84 @@
+// A platform for the console with the real files and nothing behind the rest.
+#pragma once
+
+#include "adapters/system/large_page_memory.h"
+#include "adapters/system/local_directory_listing.h"
+#include "adapters/system/local_files.h"
+#include "adapters/system/system_clock.h"
+#include "core/console_state.h"
+#include "core/runtime_error.h"
+#include "platform/dialogs.h"
+#include "platform/event_source.h"
+#include "platform/form_windows.h"
+#include "platform/program.h"
+#include "platform/settings_values.h"
+#include "platform/shell.h"
+#include "platform/tcp_probe.h"
+
+namespace tessarine::bench {
+
+class IdleEventSource final : public EventSource {
+    std::unique_ptr<EventService> connect_server(const std::string&, const std::string&,
+                                                 const std::optional<Credentials>&) override {
+        throw RuntimeError(ErrorNumber::Failed, "The bench reaches no hosts");
+    }
+};
+
+class IdleSettings final : public SettingsValues {
+    std::optional<StoredValue> read(const std::string&, const std::string&) override { return {}; }
+    void write(const std::string&, const std::string&, const StoredValue&) override {}
+};
+
+class IdleProbe final : public TcpProbe {
+    void connect(const std::string&, int, Events) override {}
+    void close() override {}
+};
+
+class IdleWindows final : public FormWindows {
+    void let_events_pass() override {}
+    void show_modal(FormId) override {}
+    void event_ended() override {}
+    void pop_up_menu(std::string_view) override {}
+};
+
+class IdleDialogs final : public Dialogs {
+    MessageAnswer message_box(const std::string&, MessageStyle) override {
+        return MessageAnswer::No;
+    }
+    std::string choose_file(const std::string&, const std::vector<FileFilter>&,
+                            const std::string&) override {
+        return {};
+    }
+};
+
+class IdleShell final : public Shell {
+    void open(const std::string&) override {}
+};
+
+class IdleProgram final : public Program {
+    std::string application_directory() override { return "."; }
+    void end() override {}
+};
+
+struct IdlePlatform {
+    LocalFiles files;
+    LocalDirectoryListing directory_listing;
+    SystemClock clock;
+    LargePageMemory table_memory;
+    IdleEventSource event_source;
+    IdleSettings settings_values;
+    IdleProbe tcp_probe;
+    IdleWindows form_windows;
+    IdleDialogs dialogs;
+    IdleShell shell;
+    IdleProgram program;
+
+    Platform platform() { return platform(event_source, settings_values); }
+    /// The same with hosts and settings of the caller's.
+    Platform platform(EventSource& source, SettingsValues& settings) {
+        return {source,  files, directory_listing, clock,        settings, tcp_probe, form_windows,
+                dialogs, shell, program,           &table_memory};
+    }
+};
+
+}  // namespace tessarine::bench
