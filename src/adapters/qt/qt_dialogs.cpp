@@ -1,0 +1,89 @@
+#include "adapters/qt/qt_dialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <utility>
+
+#include "adapters/qt/qt_text.h"
+
+namespace tessarine {
+namespace {
+
+QWidget* parent_of_dialogs() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+QMessageBox::Icon icon_of(MessageStyle style) {
+    switch (style) {
+        case MessageStyle::Critical:
+            return QMessageBox::Critical;
+        case MessageStyle::YesNoQuestion:
+            return QMessageBox::Question;
+        default:
+            return QMessageBox::Information;
+    }
+}
+
+// As the chooser wants it: "Text File (*.txt)", with blanks between several patterns.
+QString filter_text(const FileFilter& filter) {
+    const QString caption = text_to_qt(filter.caption).section(QLatin1Char('('), 0, 0).trimmed();
+    QString pattern = text_to_qt(filter.pattern).replace(QLatin1Char(';'), QLatin1Char(' '));
+    // A name without a dot is a name too.
+    if (pattern == QLatin1String("*.*")) pattern = QStringLiteral("*");
+    return QStringLiteral("%1 (%2)").arg(caption, pattern);
+}
+
+QString existing_folder(const std::string& wanted, const std::string& last) {
+    for (const std::string& folder : {wanted, last})
+        if (!folder.empty() && QDir(text_to_qt(folder)).exists()) return text_to_qt(folder);
+    return QDir::homePath();
+}
+
+}  // namespace
+
+QtDialogs::QtDialogs(FileChooser chooser, std::function<void()> before_showing)
+    : chooser_(chooser), before_showing_(std::move(before_showing)) {}
+
+MessageAnswer QtDialogs::message_box(const std::string& text, MessageStyle style) {
+    if (before_showing_) before_showing_();
+    const bool question = style == MessageStyle::YesNoQuestion;
+    QMessageBox box(icon_of(style), QStringLiteral("Tessarine"),
+                    text_to_qt(text).replace(QLatin1String("\r\n"), QLatin1String("\n")),
+                    question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok,
+                    parent_of_dialogs());
+    box.setTextFormat(Qt::PlainText);
+    const int answer = box.exec();
+    if (!question) return MessageAnswer::Ok;
+    return answer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
+}
+
+std::string QtDialogs::choose_file(const std::string& start_folder,
+                                   const std::vector<FileFilter>& filters,
+                                   const std::string& title) {
+    if (before_showing_) before_showing_();
+    const QString caption = title.empty() ? QObject::tr("Choose a File") : text_to_qt(title);
+    QFileDialog chooser(parent_of_dialogs(), caption, existing_folder(start_folder, last_folder_));
+    // The same chooser serves for writing, so a name that isn't there yet can be typed.
+    chooser.setFileMode(QFileDialog::AnyFile);
+    chooser.setOption(QFileDialog::DontUseNativeDialog, chooser_ == FileChooser::OfQt);
+    chooser.setLabelText(QFileDialog::Accept, QObject::tr("&OK"));
+    QStringList names;
+    for (const FileFilter& filter : filters) names += filter_text(filter);
+    chooser.setNameFilters(names);
+    if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty()) return {};
+    const QString path = chooser.selectedFiles().constFirst();
+    if (survives_code_page(path)) {
+        last_folder_ = text_from_qt(chooser.directory().path());
+        return text_from_qt(path);
+    }
+    message_box("The path " + text_from_qt(path) +
+                    " holds characters that Tessarine can't keep (shown as \"?\"). Choose a file "
+                    "whose path has Western European characters alone.",
+                MessageStyle::Critical);
+    return {};
+}
+
+}  // namespace tessarine

@@ -1,0 +1,30 @@
+// Messages and file choosers of the desktop.
+#pragma once
+
+#include <functional>
+
+#include "platform/dialogs.h"
+
+namespace tessarine {
+
+enum class FileChooser { OfTheDesktop, OfQt };
+
+class QtDialogs final : public Dialogs {
+  public:
+    /// `before_showing` is called first, so that the windows behind a dialog show what is true.
+    explicit QtDialogs(FileChooser chooser, std::function<void()> before_showing = {});
+
+    MessageAnswer message_box(const std::string& text, MessageStyle style) override;
+
+    /// A start folder that isn't there counts as the one last used, at first the user's home. A
+    /// path that the 8-bit code page can't hold is refused with a message, and counts as cancelled.
+    std::string choose_file(const std::string& start_folder, const std::vector<FileFilter>& filters,
+                            const std::string& title) override;
+
+  private:
+    FileChooser chooser_;
+    std::function<void()> before_showing_;
+    std::string last_folder_;
+};
+
+}  // namespace tessarine

@@ -1,0 +1,23 @@
+// The console's entry point.
+#include <QApplication>
+#include <QMessageBox>
+
+#include "adapters/system/freed_memory.h"
+#include "app/console_program.h"
+#include "core/code_page.h"
+#include "core/runtime_error.h"
+
+int main(int argc, char** argv) {
+    tessarine::keep_freed_memory();
+    QApplication application(argc, argv);
+    tessarine::prepare_application(application);
+    try {
+        tessarine::ConsoleProgram program;
+        program.start();
+        return program.run();
+    } catch (const tessarine::RuntimeError& error) {
+        QMessageBox::critical(nullptr, QStringLiteral("Tessarine"),
+                              QString::fromStdString(tessarine::to_utf8(error.description())));
+        return 1;
+    }
+}

@@ -1,0 +1,44 @@
+#include "ui/connection_check_dialog.h"
+
+#include <QGridLayout>
+#include <QLabel>
+
+#include "ui/form_access.h"
+#include "ui/form_timer.h"
+#include "ui/pictures.h"
+#include "ui/widgets.h"
+
+namespace tessarine {
+namespace {
+
+constexpr int kPictureSize = 32;
+
+QLabel* new_text(const char* name) {
+    auto* label = named(new QLabel, name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+}  // namespace
+
+ConnectionCheckDialog::ConnectionCheckDialog(EventDoor& door, QWidget* parent)
+    : FormDialog(door, FormId::ConCheck, parent) {
+    // No close box: the wait always takes its time.
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+    auto* picture = new QLabel;
+    picture->setPixmap(list_picture(1).value<QIcon>().pixmap(kPictureSize));
+    auto* rows = new QGridLayout(this);
+    rows->setContentsMargins(2 * kMargin, 2 * kMargin, 2 * kMargin, 2 * kMargin);
+    rows->setHorizontalSpacing(kMargin);
+    rows->addWidget(picture, 0, 0, 2, 1);
+    rows->addWidget(new_text("Label1"), 0, 1);
+    rows->addWidget(new_text("lblHostName"), 0, 2);
+    rows->addWidget(new_text("Label2"), 1, 1);
+    rows->addWidget(new_text("lblReturn"), 1, 2);
+    rows->setColumnStretch(2, 1);
+    setFixedWidth(380);
+    bind();
+    new FormTimer(door, form(), "Timer1", door.console().ConCheck->Timer1, this);
+}
+
+}  // namespace tessarine

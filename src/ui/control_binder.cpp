@@ -1,0 +1,175 @@
+#include "ui/control_binder.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTabBar>
+
+#include "ui/form_access.h"
+#include "ui/list_view.h"
+#include "ui/qt_text.h"
+#include "ui/show_control.h"
+
+namespace tessarine {
+namespace {
+
+// A caption without the "&" that marks its letter.
+QString plain_caption(const std::string& caption) {
+    return to_qt(caption).remove(QLatin1Char('&'));
+}
+
+void describe(QWidget& widget, const std::string& caption, const std::string& tool_tip) {
+    if (!tool_tip.empty()) widget.setToolTip(to_qt(tool_tip));
+    if (!widget.accessibleName().isEmpty()) return;
+    widget.setAccessibleName(caption.empty() ? to_qt(tool_tip) : plain_caption(caption));
+}
+
+int number_of(Qt::MouseButton button) {
+    return button == Qt::RightButton ? 2 : button == Qt::LeftButton ? 1 : 0;
+}
+
+Date date_of(const QDate& day) {
+    return {.year = day.year(), .month = day.month(), .day = day.day()};
+}
+
+}  // namespace
+
+ControlBinder::ControlBinder(EventDoor& door, FormId form, QWidget& window)
+    : QObject(&window), door_(door), form_(form) {
+    visit_controls(door_.console(), form_, [&](std::string_view name, auto& control) {
+        auto* found = window.findChild<QWidget*>(object_name(name));
+        if (found == nullptr) return;
+        widgets_.emplace(name, found);
+        bind(name, control, *found);
+    });
+}
+
+QWidget* ControlBinder::widget(std::string_view name) const {
+    const auto found = widgets_.find(name);
+    return found == widgets_.end() ? nullptr : found->second;
+}
+
+void ControlBinder::refresh() {
+    visit_controls(door_.console(), form_, [&](std::string_view name, auto& control) {
+        if (QWidget* shown = widget(name)) show_control(control, *shown);
+    });
+    FormBase* form = loaded_form(door_.console(), form_);
+    if (form == nullptr || form->focus_wanted.empty()) return;
+    if (QWidget* wanted = widget(form->focus_wanted)) wanted->setFocus(Qt::OtherFocusReason);
+    form->focus_wanted = {};
+}
+
+void ControlBinder::bind(std::string_view, const Label& control, QWidget& widget) {
+    // A label is read out by its text, which changes; a name of its own would hide that.
+    widget.setToolTip(to_qt(control.tool_tip));
+}
+
+void ControlBinder::bind(std::string_view name, const TextBox& control, QWidget& widget) {
+    describe(widget, {}, control.tool_tip);
+    auto* line = qobject_cast<QLineEdit*>(&widget);
+    if (line == nullptr) return;
+    connect(line, &QLineEdit::textEdited, this, [this, name](const QString& text) {
+        with_control<TextBox>(door_.console(), form_, name,
+                              [&](TextBox& box) { box.text = from_qt(text); });
+    });
+    connect(line, &QLineEdit::returnPressed, this,
+            [this, name] { raise(name, EventKind::EnterKey); });
+    if (!leads_on(name, EventKind::GotFocus) && !leads_on(name, EventKind::MouseDown)) return;
+    line->setContextMenuPolicy(Qt::NoContextMenu);
+    line->installEventFilter(this);
+}
+
+// The focus and the mouse buttons of fields that have events for them.
+bool ControlBinder::eventFilter(QObject* watched, QEvent* event) {
+    const std::string name = watched->objectName().toStdString();
+    if (event->type() == QEvent::FocusIn) raise(name, EventKind::GotFocus);
+    if (event->type() == QEvent::MouseButtonPress) {
+        const int button = number_of(static_cast<QMouseEvent*>(event)->button());
+        raise(name, EventKind::MouseDown, {.button = button});
+    }
+    return false;
+}
+
+void ControlBinder::bind(std::string_view name, const CheckBox& control, QWidget& widget) {
+    describe(widget, control.caption, control.tool_tip);
+    auto* box = qobject_cast<QCheckBox*>(&widget);
+    if (box == nullptr) return;
+    box->setText(to_qt(control.caption));
+    connect(box, &QCheckBox::clicked, this, [this, name](bool checked) {
+        with_control<CheckBox>(door_.console(), form_, name,
+                               [&](CheckBox& written) { written.value = checked ? 1 : 0; });
+        raise(name, EventKind::Click);
+    });
+}
+
+void ControlBinder::bind(std::string_view name, const CommandButton& control, QWidget& widget) {
+    describe(widget, control.caption, control.tool_tip);
+    widget.setEnabled(leads_on(name, EventKind::Click));
+    if (auto* button = qobject_cast<QPushButton*>(&widget))
+        connect(button, &QPushButton::clicked, this,
+                [this, name] { raise(name, EventKind::Click); });
+}
+
+// With the mouse a day is chosen by a click. With the keys it is walked to, and chosen by Enter or
+// by leaving the calendar: an event at each step would take the focus away from whoever walks.
+void ControlBinder::bind(std::string_view name, const MonthView&, QWidget& widget) {
+    auto* calendar = qobject_cast<QCalendarWidget*>(&widget);
+    if (calendar == nullptr) return;
+    const auto choose = [this, name, calendar] {
+        take_over_day(name, *calendar);
+        raise(name, EventKind::DateClick);
+    };
+    connect(calendar, &QCalendarWidget::clicked, this, choose);
+    connect(calendar, &QCalendarWidget::activated, this, choose);
+    connect(qApp, &QApplication::focusChanged, this, [this, name, calendar](QWidget* left) {
+        const bool left_calendar = left != nullptr && calendar->isAncestorOf(left);
+        if (left_calendar && take_over_day(name, *calendar)) raise(name, EventKind::DateClick);
+    });
+}
+
+bool ControlBinder::take_over_day(std::string_view name, const QCalendarWidget& calendar) {
+    bool changed = false;
+    const Date chosen = date_of(calendar.selectedDate());
+    with_control<MonthView>(door_.console(), form_, name, [&](MonthView& view) {
+        changed = view.value != chosen;
+        view.value = chosen;
+    });
+    return changed;
+}
+
+void ControlBinder::bind(std::string_view name, const TabStrip&, QWidget& widget) {
+    auto* bar = qobject_cast<QTabBar*>(&widget);
+    if (bar == nullptr) return;
+    connect(bar, &QTabBar::currentChanged, this, [this, name](int index) {
+        with_control<TabStrip>(door_.console(), form_, name,
+                               [&](TabStrip& strip) { strip.selected = index + 1; });
+        raise(name, EventKind::Click);
+    });
+}
+
+void ControlBinder::bind(std::string_view name, const ListControl& control, QWidget& widget) {
+    describe(widget, control.columns.front().caption, control.tool_tip);
+    auto* view = qobject_cast<ListView*>(&widget);
+    if (view == nullptr) return;
+    connect(view, &ListView::row_picked, this, [this, name] { raise(name, EventKind::Click); });
+    connect(view, &ListView::button_pressed, this, [this, name](int button, const QPoint& place) {
+        door_.set_menu_place(place);
+        raise(name, EventKind::MouseDown, {.button = button});
+    });
+    connect(view, &ListView::right_released, this, [this, name](const QPoint& place) {
+        door_.set_menu_place(place);
+        raise(name, EventKind::RightRelease, {.button = 2});
+    });
+    const bool sorts = leads_on(name, EventKind::ColumnClick);
+    view->horizontalHeader()->setSectionsClickable(sorts);
+    connect(view->horizontalHeader(), &QHeaderView::sectionClicked, this,
+            [this, name](int section) {
+                raise(name, EventKind::ColumnClick, {.column = section + 1});
+            });
+}
+
+}  // namespace tessarine

@@ -1,0 +1,125 @@
+#include "ui/form_windows.h"
+
+#include <QApplication>
+
+#include "core/console_state.h"
+#include "ui/about_dialog.h"
+#include "ui/add_host_dialog.h"
+#include "ui/connection_check_dialog.h"
+#include "ui/custom_audit_dialog.h"
+#include "ui/form_access.h"
+#include "ui/main_menus.h"
+
+namespace tessarine {
+
+QtFormWindows::QtFormWindows() = default;
+
+QtFormWindows::~QtFormWindows() {
+    close();
+}
+
+void QtFormWindows::open(Console& console, std::span<const ControlEvent> events) {
+    door_ = std::make_unique<EventDoor>(console, events);
+    main_window_ = std::make_unique<MainWindow>(*door_);
+    repainter_ = std::make_unique<Repainter>(*door_, [this] { show_progress(); });
+    console.Form1.st1.tell(repainter_.get());
+    console.Form1.pbar1.tell(repainter_.get());
+}
+
+void QtFormWindows::close() {
+    if (door_ == nullptr) return;
+    door_->console().Form1.st1.tell(nullptr);
+    door_->console().Form1.pbar1.tell(nullptr);
+    door_->console().mouse_pointer = kPointerDefault;
+    show_pointer();
+    repainter_.reset();
+    main_window_.reset();
+    door_.reset();
+}
+
+void QtFormWindows::show_main_window() {
+    if (!door_->console().Form1.loaded) return;
+    main_window_->show();
+    door_->raise(FormId::Form1, "Form1", EventKind::Activate);
+}
+
+void QtFormWindows::refresh() {
+    if (door_ == nullptr) return;
+    main_window_->refresh();
+    for (FormDialog* dialog : dialogs_) dialog->refresh();
+    show_pointer();
+}
+
+void QtFormWindows::show_pointer() {
+    const bool wanted = door_->console().mouse_pointer == kPointerHourglass;
+    if (wanted == hourglass_) return;
+    hourglass_ = wanted;
+    wanted ? QApplication::setOverrideCursor(Qt::WaitCursor)
+           : QApplication::restoreOverrideCursor();
+}
+
+void QtFormWindows::show_progress() {
+    main_window_->refresh_progress();
+    show_pointer();
+}
+
+void QtFormWindows::tick() {
+    if (repainter_ != nullptr) repainter_->tick();
+}
+
+void QtFormWindows::let_events_pass() {
+    if (door_ == nullptr || door_->held()) return;
+    refresh();
+    QCoreApplication::processEvents();
+}
+
+void QtFormWindows::pop_up_menu(std::string_view menu) {
+    if (door_ == nullptr) return;
+    refresh();
+    main_window_->menus().pop_up(menu);
+}
+
+std::unique_ptr<FormDialog> QtFormWindows::new_dialog(FormId form) {
+    QWidget* parent =
+        dialogs_.empty() ? static_cast<QWidget*>(main_window_.get()) : dialogs_.back();
+    // A hidden parent would hide the dialog with it.
+    if (!parent->isVisible()) parent = main_window_.get();
+    switch (form) {
+        case FormId::Form4:
+            return std::make_unique<CustomAuditDialog>(*door_, parent);
+        case FormId::Form6:
+            return std::make_unique<AddHostDialog>(*door_, parent);
+        case FormId::ConCheck:
+            return std::make_unique<ConnectionCheckDialog>(*door_, parent);
+        case FormId::AboutForm:
+            return std::make_unique<AboutDialog>(*door_, parent);
+        default:
+            return nullptr;
+    }
+}
+
+bool QtFormWindows::shown(FormId form) {
+    const FormBase* state = loaded_form(door_->console(), form);
+    return state != nullptr && state->visible && door_->console().Form1.loaded;
+}
+
+void QtFormWindows::wait_while_shown(FormId form) {
+    while (shown(form)) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void QtFormWindows::show_modal(FormId form) {
+    FormBase* state = door_ == nullptr ? nullptr : loaded_form(door_->console(), form);
+    if (state == nullptr || !door_->console().Form1.loaded) return;
+    const std::unique_ptr<FormDialog> dialog = new_dialog(form);
+    if (dialog == nullptr) return;
+    state->visible = true;
+    dialogs_.push_back(dialog.get());
+    refresh();
+    door_->raise(form, form_name(form), EventKind::Activate);
+    wait_while_shown(form);
+    dialogs_.pop_back();
+    refresh();
+    door_->raise(FormId::Form1, "Form1", EventKind::Activate);
+}
+
+}  // namespace tessarine

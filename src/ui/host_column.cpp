@@ -1,0 +1,125 @@
+#include "ui/host_column.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+#include "core/console_state.h"
+#include "ui/list_view.h"
+#include "ui/pages.h"
+#include "ui/qt_text.h"
+#include "ui/widgets.h"
+
+namespace tessarine {
+namespace {
+
+// Pixels at 96 dpi; the right side takes what the window has beyond it.
+constexpr int kColumnWidth = 292;
+
+QPushButton* new_button(const char* name) {
+    return named(new QPushButton, name);
+}
+
+// One of the two lists of event codes with its field and its buttons.
+struct CodeGroup {
+    const std::string& caption;
+    ListControl& list;
+    const char *list_name, *field, *add, *remove;
+    QString field_purpose, list_purpose;
+};
+
+QWidget* new_code_group(const CodeGroup& group) {
+    auto* frame = new QGroupBox(to_qt(group.caption));
+    auto* rows = new QVBoxLayout(frame);
+    auto* entry = new QHBoxLayout;
+    entry->addWidget(named(new QLineEdit, group.field, group.field_purpose), 1);
+    for (const char* name : {group.add, group.remove}) {
+        auto* button = new_button(name);
+        button->setFixedWidth(button->fontMetrics().horizontalAdvance(QStringLiteral("remove")) +
+                              12);
+        entry->addWidget(button);
+    }
+    rows->addLayout(entry);
+    rows->addWidget(named(new ListView(group.list, ListView::Selects::OneRow), group.list_name,
+                          group.list_purpose));
+    return frame;
+}
+
+}  // namespace
+
+HostColumn::HostColumn(EventDoor& door) : door_(door), pages_(new QStackedWidget) {
+    pages_->addWidget(new_host_page());
+    pages_->addWidget(new_search_page());
+    pages_->addWidget(new_code_page());
+    lay_out_pages(*this, named(new QTabBar, "TabStrip1", tr("Hosts, search and event codes")),
+                  pages_);
+    setFixedWidth(kColumnWidth);
+}
+
+void HostColumn::refresh() {
+    pages_->setCurrentIndex(door_.console().Form1.host_tab - 1);
+}
+
+QWidget* HostColumn::new_host_page() {
+    auto* hosts = new ListView(door_.console().Form1.ListView1, ListView::Selects::ManyRows);
+    return only_widget(named(hosts, "ListView1", tr("Hosts")));
+}
+
+QWidget* HostColumn::new_search_page() {
+    auto* page = new QWidget;
+    auto* rows = new QVBoxLayout(page);
+    rows->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
+    rows->setSpacing(kSpacing);
+    rows->addWidget(new_search_group(), 1);
+    rows->addWidget(new_analysis_group());
+    return page;
+}
+
+QWidget* HostColumn::new_search_group() {
+    auto* group = new QGroupBox(tr("Search"));
+    group->setEnabled(door_.leads_on(FormId::Form1, "Command4", EventKind::Click));
+    auto* rows = new QVBoxLayout(group);
+    rows->addWidget(named(new QLineEdit, "TxtSearch", tr("Text to search for")));
+    for (const char* name : {"Check1", "Check2", "Check3"})
+        rows->addWidget(named(new QCheckBox, name));
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(new_button("Command4"));
+    buttons->addWidget(new_button("Command5"));
+    rows->addLayout(buttons);
+    rows->addWidget(named(new QPlainTextEdit, "txtSearchHist", tr("Search history")), 1);
+    return group;
+}
+
+QWidget* HostColumn::new_analysis_group() {
+    auto* group = new QGroupBox(tr("Analysis"));
+    group->setEnabled(door_.leads_on(FormId::Form1, "Command3", EventKind::Click));
+    auto* rows = new QVBoxLayout(group);
+    for (const char* name : {"Check4", "Check5", "Check6"})
+        rows->addWidget(named(new QCheckBox, name));
+    rows->addWidget(new_button("Command3"));
+    rows->addWidget(new_button("Command7"));
+    return group;
+}
+
+QWidget* HostColumn::new_code_page() {
+    MainForm& form = door_.console().Form1;
+    auto* page = new QWidget;
+    auto* rows = new QVBoxLayout(page);
+    rows->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
+    rows->setSpacing(kSpacing);
+    rows->addWidget(new_code_group({form.AlertFrame.caption, form.AlertList, "AlertList",
+                                    "TxtAlert", "Command1", "Command6",
+                                    tr("Event code to highlight"), tr("Highlighted codes")}));
+    rows->addWidget(
+        new_code_group({form.IgnoreFrame.caption, form.IgnoreList, "IgnoreList", "txtIgnore",
+                        "Command2", "Command8", tr("Event code to ignore"), tr("Ignored codes")}));
+    return page;
+}
+
+}  // namespace tessarine

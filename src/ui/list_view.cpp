@@ -1,0 +1,149 @@
+#include "ui/list_view.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <algorithm>
+
+#include "ui/qt_text.h"
+
+namespace tessarine {
+namespace {
+
+// Pixels; a narrower message is scrolled sideways.
+constexpr int kLeastMessageWidth = 220;
+
+int number_of(Qt::MouseButton button) {
+    return button == Qt::RightButton ? 2 : button == Qt::LeftButton ? 1 : 0;
+}
+
+}  // namespace
+
+ListView::ListView(ListControl& list, Selects selects, Widths widths)
+    : list_(list), model_(new ListControlModel(list, this)), widths_(widths) {
+    setModel(model_);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(selects == Selects::ManyRows ? ExtendedSelection : SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setStretchLastSection(widths == Widths::LastTakesRest);
+    set_row_height();
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ListView::write_selection);
+    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& current) { list_.set_selected_item(current.row() + 1); });
+}
+
+void ListView::set_row_height() {
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(std::max(fontMetrics().height() + 4, 20));
+}
+
+void ListView::refresh() {
+    setToolTip(to_qt(list_.tool_tip));
+    setShowGrid(list_.grid_lines);
+    show_selection(model_->refresh());
+    if (list_.scrolled_to > 0) scrollTo(model_->index(list_.scrolled_to - 1, 0));
+    list_.scrolled_to = 0;
+}
+
+void ListView::show_selection(const ListChanges& changes) {
+    if (list_.selected_item() != currentIndex().row() + 1) {
+        const QModelIndex row = model_->index(list_.selected_item() - 1, 0);
+        const auto command = selectionMode() == SingleSelection
+                                 ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+                                 : QItemSelectionModel::NoUpdate;
+        selectionModel()->setCurrentIndex(row, command);
+    }
+    const bool rows_changed = changes.reset || changes.first <= changes.last;
+    if (rows_changed && selectionMode() == ExtendedSelection) select_flagged_rows();
+}
+
+// The rows' own marks are what the console's commands go by; the view follows them.
+void ListView::select_flagged_rows() {
+    QItemSelection flagged;
+    const int last_column = model_->columnCount() - 1;
+    for (int row = 0; row < model_->rowCount(); ++row)
+        if (list_.row(row + 1).selected())
+            flagged.merge(QItemSelection(model_->index(row, 0), model_->index(row, last_column)),
+                          QItemSelectionModel::Select);
+    selectionModel()->select(flagged, QItemSelectionModel::ClearAndSelect);
+}
+
+void ListView::write_selection(const QItemSelection& selected, const QItemSelection& deselected) {
+    const auto write = [this](const QItemSelection& ranges, bool flag) {
+        for (const QItemSelectionRange& range : ranges)
+            for (int row = range.top(); row <= std::min(range.bottom(), list_.count() - 1); ++row)
+                list_.row(row + 1).set_selected(flag);
+    };
+    write(deselected, false);
+    write(selected, true);
+}
+
+void ListView::mousePressEvent(QMouseEvent* event) {
+    QTableView::mousePressEvent(event);
+    // What follows can open a menu and remove rows; it must come last.
+    emit button_pressed(number_of(event->button()), event->globalPosition().toPoint());
+}
+
+void ListView::mouseReleaseEvent(QMouseEvent* event) {
+    QTableView::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid())
+        emit row_picked();
+    if (event->button() == Qt::RightButton) emit right_released(event->globalPosition().toPoint());
+}
+
+// The menu key and Shift+F10 stand for the right button; the mouse itself has its own events.
+void ListView::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (event->reason() != QContextMenuEvent::Keyboard) return;
+    const QPoint place = currentIndex().isValid() ? visualRect(currentIndex()).center() : QPoint();
+    const QPoint on_screen = viewport()->mapToGlobal(place);
+    emit button_pressed(number_of(Qt::RightButton), on_screen);
+    emit right_released(on_screen);
+}
+
+void ListView::keyPressEvent(QKeyEvent* event) {
+    const int before = currentIndex().row();
+    QTableView::keyPressEvent(event);
+    if (currentIndex().row() != before) emit row_picked();
+}
+
+void ListView::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    share_width();
+}
+
+void ListView::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange) set_row_height();
+}
+
+// Widths that the user has set last until the next resize.
+void ListView::share_width() {
+    const int last = model_->columnCount() - 1;
+    const int width = viewport()->width();
+    const bool events = widths_ == Widths::EventTable;
+    const int share = events ? event_column_width(width, last) : width / (last + 1);
+    for (int column = 0; column < last; ++column) setColumnWidth(column, share);
+    setColumnWidth(last, std::max(events ? kLeastMessageWidth : 0, width - last * share));
+}
+
+// Wide enough for a type with its picture, and up to half of the table for all of them, as long as
+// that leaves room for the message.
+int ListView::event_column_width(int width, int columns) const {
+    const auto with_picture = [this](const QString& type) {
+        return fontMetrics().horizontalAdvance(type) + 34;
+    };
+    const int least = with_picture(QStringLiteral("Information"));
+    const int most = std::max(with_picture(QStringLiteral("Informationen")), width / (2 * columns));
+    return std::clamp((width - kLeastMessageWidth) / columns, least, most);
+}
+
+}  // namespace tessarine

@@ -1,0 +1,54 @@
+// The table that shows a list control.
+#pragma once
+
+#include <QTableView>
+
+#include "core/list_control.h"
+#include "ui/list_control_model.h"
+
+namespace tessarine {
+
+/// Shows the rows of one list control and writes what the user selects into it. It knows nothing of
+/// events: its signals tell what the user does with the rows. Rows and columns count from 1 in
+/// them.
+class ListView : public QTableView {
+    Q_OBJECT
+
+  public:
+    enum class Selects { OneRow, ManyRows };
+    /// Where the width goes: the last column takes what the others leave, or the columns share
+    /// the width as event tables do: equal shares but for the last, which holds the message.
+    enum class Widths { LastTakesRest, EventTable };
+
+    ListView(ListControl& list, Selects selects, Widths widths = Widths::LastTakesRest);
+
+    /// Shows what the list holds now.
+    void refresh();
+
+  signals:
+    void button_pressed(int button, const QPoint& place);
+    void right_released(const QPoint& place);
+    void row_picked();
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void set_row_height();
+    void share_width();
+    int event_column_width(int width, int columns) const;
+    void show_selection(const ListChanges& changes);
+    void write_selection(const QItemSelection& selected, const QItemSelection& deselected);
+    void select_flagged_rows();
+
+    ListControl& list_;
+    ListControlModel* model_;
+    Widths widths_;
+};
+
+}  // namespace tessarine

@@ -1,0 +1,108 @@
+#include "ui/main_window.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QToolBar>
+
+#include "core/console_state.h"
+#include "core/run_event.h"
+#include "ui/control_binder.h"
+#include "ui/host_column.h"
+#include "ui/main_menus.h"
+#include "ui/qt_text.h"
+#include "ui/record_column.h"
+#include "ui/show_control.h"
+#include "ui/status_bar_view.h"
+#include "ui/widgets.h"
+
+namespace tessarine {
+namespace {
+
+// 14070 by 9885 twips.
+constexpr QSize kLeastSize(938, 659);
+constexpr QSize kFirstSize(1366, 800);
+// Pixels at 96 dpi.
+constexpr int kHostFieldWidth = 240;
+constexpr int kRightMargin = 13;
+constexpr int kGap = 4;
+
+}  // namespace
+
+MainWindow::MainWindow(EventDoor& door)
+    : door_(door),
+      menus_(new MainMenus(door, *this)),
+      hosts_(new HostColumn(door)),
+      records_(new RecordColumn(door)) {
+    setObjectName("Form1");
+    auto* centre = new QWidget;
+    auto* columns = new QHBoxLayout(centre);
+    columns->setContentsMargins(kGap, kGap, kGap, kGap);
+    columns->setSpacing(kGap);
+    columns->addWidget(hosts_);
+    columns->addWidget(records_, 1);
+    setCentralWidget(centre);
+    add_host_field();
+    add_status_bar();
+    binder_ = new ControlBinder(door, FormId::Form1, *this);
+    setMinimumSize(kLeastSize);
+    resize(kFirstSize);
+    refresh();
+}
+
+// At the right end of the toolbar, where it stays when the window grows.
+void MainWindow::add_host_field() {
+    auto* bar = findChild<QToolBar*>("Toolbar1");
+    auto* gap = new QWidget;
+    gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(gap);
+    auto* field = named(new QLineEdit, "txtSelectedHost", tr("Host whose logs are shown"));
+    field->setFixedWidth(kHostFieldWidth);
+    bar->addWidget(field);
+    auto* margin = new QWidget;
+    margin->setFixedWidth(kRightMargin);
+    bar->addWidget(margin);
+}
+
+void MainWindow::add_status_bar() {
+    auto* status = new StatusBarView("st1", {10, 5, 10, 4, 6});
+    auto* progress = named(new QProgressBar, "pbar1", tr("Progress"));
+    progress->setRange(0, 1000);
+    progress->setTextVisible(false);
+    progress->setMaximumHeight(16);
+    status->lay_over(2, progress);
+    setStatusBar(status);
+}
+
+void MainWindow::refresh() {
+    const MainForm& form = door_.console().Form1;
+    if (!form.loaded) {
+        hide();
+        return;
+    }
+    setWindowTitle(to_qt(form.caption));
+    form.mouse_pointer == kPointerHourglass ? setCursor(Qt::WaitCursor) : unsetCursor();
+    hosts_->refresh();
+    records_->refresh();
+    menus_->refresh();
+    binder_->refresh();
+}
+
+void MainWindow::refresh_progress() {
+    const MainForm& form = door_.console().Form1;
+    show_control(form.st1, *binder_->widget("st1"));
+    show_control(form.pbar1, *binder_->widget("pbar1"));
+}
+
+// The close box ends the program as the menu entry does.
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (door_.held()) return;
+    if (door_.leads_on(FormId::Form1, "Form1", EventKind::CloseBox))
+        door_.raise(FormId::Form1, "Form1", EventKind::CloseBox);
+    else
+        run_event(door_.console(), end_console);
+}
+
+}  // namespace tessarine

@@ -1,0 +1,21 @@
+// The console's own pictures, drawn when they are shown, so that they are sharp at any scale. They
+// are told apart by their shapes as well as by their colours.
+#pragma once
+
+#include <QIcon>
+#include <QVariant>
+
+namespace tessarine {
+
+/// Picture of that number in the image lists of the tables, as an icon: 1 host, 2 warning,
+/// 3 information, 4 error, 5 audit failure, 6 audit success, 7 audited, 8 audit failed. No value
+/// for any other number.
+QVariant list_picture(int number);
+
+/// What the picture tells somebody who doesn't see it; no value where a text beside it does.
+QVariant picture_description(int number);
+
+/// Picture of a tab: 1 plain, 2 for a log with highlighted events.
+QIcon tab_picture(int number);
+
+}  // namespace tessarine

@@ -1,0 +1,30 @@
+// The right side of the main window: the three event tables and the analysis summary.
+#pragma once
+
+#include <QWidget>
+
+#include "ui/event_door.h"
+
+class QStackedWidget;
+
+namespace tessarine {
+
+class ListControl;
+
+class RecordColumn : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit RecordColumn(EventDoor& door);
+
+    /// Brings the page of the form's tab to the front.
+    void refresh();
+
+  private:
+    QWidget* new_analysis_page();
+
+    EventDoor& door_;
+    QStackedWidget* pages_;
+};
+
+}  // namespace tessarine

@@ -1,0 +1,100 @@
+#include "ui/show_control.h"
+
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTabBar>
+
+#include "ui/list_view.h"
+#include "ui/pictures.h"
+#include "ui/qt_text.h"
+#include "ui/status_bar_view.h"
+
+namespace tessarine {
+namespace {
+
+// A count that Qt's 32-bit bar can show, by permille of the maximum.
+int permille(std::int64_t value, std::int64_t maximum) {
+    const double share = static_cast<double>(value) / static_cast<double>(maximum);
+    return maximum <= 0 ? 0 : static_cast<int>(1000 * share);
+}
+
+void show_tab(QTabBar& bar, int index, const Tab& tab) {
+    if (bar.tabText(index) != to_qt(tab.caption)) bar.setTabText(index, to_qt(tab.caption));
+    if (bar.tabData(index).toInt() == tab.image) return;
+    bar.setTabData(index, tab.image);
+    bar.setTabIcon(index, tab.image == 0 ? QIcon() : tab_picture(tab.image));
+}
+
+}  // namespace
+
+void show_control(const Label& control, QWidget& widget) {
+    auto* label = qobject_cast<QLabel*>(&widget);
+    if (label != nullptr && label->text() != to_qt(control.caption))
+        label->setText(to_qt(control.caption));
+}
+
+void show_control(const TextBox& control, QWidget& widget) {
+    const QSignalBlocker no_event(widget);
+    const QString text = to_qt(control.text);
+    if (auto* line = qobject_cast<QLineEdit*>(&widget)) {
+        if (line->text() != text) line->setText(text);
+        line->setReadOnly(control.locked);
+    }
+    if (auto* page = qobject_cast<QPlainTextEdit*>(&widget)) {
+        const QString lines = QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+        if (page->toPlainText() != lines) page->setPlainText(lines);
+        page->setReadOnly(control.locked);
+    }
+}
+
+void show_control(const CheckBox& control, QWidget& widget) {
+    const QSignalBlocker no_event(widget);
+    if (auto* box = qobject_cast<QCheckBox*>(&widget)) box->setChecked(control.value != 0);
+}
+
+void show_control(const CommandButton& control, QWidget& widget) {
+    if (auto* button = qobject_cast<QPushButton*>(&widget)) button->setText(to_qt(control.caption));
+}
+
+void show_control(const MonthView& control, QWidget& widget) {
+    const QSignalBlocker no_event(widget);
+    const QDate day(control.value.year, control.value.month, control.value.day);
+    auto* calendar = qobject_cast<QCalendarWidget*>(&widget);
+    if (calendar != nullptr && calendar->selectedDate() != day) calendar->setSelectedDate(day);
+}
+
+void show_control(const TabStrip& control, QWidget& widget) {
+    const QSignalBlocker no_event(widget);
+    auto* bar = qobject_cast<QTabBar*>(&widget);
+    if (bar == nullptr) return;
+    while (bar->count() < static_cast<int>(control.tabs.size())) bar->addTab({});
+    for (int i = 0; i < bar->count(); ++i) show_tab(*bar, i, control.tab(i + 1));
+    bar->setCurrentIndex(control.selected - 1);
+}
+
+void show_control(const StatusBar& control, QWidget& widget) {
+    auto* bar = qobject_cast<StatusBarView*>(&widget);
+    if (bar == nullptr) return;
+    for (int panel = 1; panel <= control.panel_count(); ++panel)
+        bar->show_panel(panel, to_qt(control.text(panel)));
+}
+
+void show_control(const ProgressBar& control, QWidget& widget) {
+    auto* bar = qobject_cast<QProgressBar*>(&widget);
+    if (bar == nullptr) return;
+    bar->setValue(permille(control.value(), control.maximum()));
+    if (bar->isVisibleTo(bar->parentWidget()) != control.visible())
+        bar->setVisible(control.visible());
+}
+
+void show_control(const ListControl&, QWidget& widget) {
+    if (auto* view = qobject_cast<ListView*>(&widget)) view->refresh();
+}
+
+}  // namespace tessarine
