@@ -1,0 +1,51 @@
+// The walk through the console.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+#include "app/console_program.h"
+#include "tour/album.h"
+#include "tour/user.h"
+#include "tour/watch.h"
+
+namespace tessarine::tour {
+
+/// Drives the real window as its user would. Each step is checked, and a step that goes wrong ends
+/// the tour with words.
+class Tour {
+  public:
+    /// `hosts_file` is the host list that the user loads.
+    Tour(ConsoleProgram& program, const QString& folder, const QString& hosts_file);
+
+    void walk();
+
+  private:
+    void show_menus();
+    void load_hosts();
+    void audit_all_hosts();
+    void view_three_hosts();
+    void highlight_a_code();
+    void audit_from_a_day();
+    void add_a_host();
+    void show_about();
+    void keep_store();
+
+    void view(int row);
+    void show_logs_of_first_host();
+    void highlight(const QString& code);
+    void check_results();
+    bool has_picture(int row, const QString& description) const;
+    bool any_red_row() const;
+    int first_filled_table() const;
+
+    ConsoleProgram& program_;
+    QString hosts_file_;
+    Album album_;
+    User user_;
+    Watch watch_;
+    std::vector<int> audited_;  // rows of the hosts whose audit went well
+};
+
+}  // namespace tessarine::tour
