@@ -1,0 +1,163 @@
+// The adapters to the desktop: choosers, messages, the shell, the program's folder.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include "adapters/qt/qt_dialogs.h"
+#include "adapters/qt/qt_program.h"
+#include "adapters/qt/qt_shell.h"
+#include "core/runtime_error.h"
+
+namespace tessarine {
+namespace {
+
+// Acts in each modal window that comes up, until none has for the time of the test.
+template <class Dialog>
+void in_next(const std::function<void(Dialog&)>& act) {
+    auto* poll = new QTimer;
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, act] {
+        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) return;
+        poll->deleteLater();
+        poll->stop();
+        QTimer::singleShot(0, dialog, [dialog, act] { act(*dialog); });
+    });
+    poll->start(10);
+}
+
+void type_name(const QString& name) {
+    in_next<QFileDialog>([name](QFileDialog& chooser) {
+        auto* field = chooser.findChild<QLineEdit*>("fileNameEdit");
+        field->setText(name);
+        QTest::keyClick(field, Qt::Key_Return);
+    });
+}
+
+std::string choose(QtDialogs& dialogs, const QTemporaryDir& folder) {
+    return dialogs.choose_file(folder.path().toStdString(),
+                               {{"Text File (*.txt)", "*.txt"}, {"All Files (*.*)", "*.*"}}, "");
+}
+
+TEST(QtDialogs, AFileThatIsNotThereYetCanBeChosen) {
+    const QTemporaryDir folder;
+    QtDialogs dialogs(FileChooser::OfQt);
+    type_name("new list");
+    EXPECT_EQ(choose(dialogs, folder), folder.filePath("new list").toStdString());
+    in_next<QFileDialog>([](QFileDialog& chooser) {
+        EXPECT_EQ(chooser.nameFilters(), QStringList({"Text File (*.txt)", "All Files (*)"}));
+        chooser.reject();
+    });
+    EXPECT_EQ(choose(dialogs, folder), "");
+}
+
+TEST(QtDialogs, APathThatTheCodePageLacksIsRefusedInWords) {
+    const QTemporaryDir folder;
+    QtDialogs dialogs(FileChooser::OfQt);
+    type_name(QString::fromUtf8("h\u00F6sts"));
+    EXPECT_EQ(choose(dialogs, folder), folder.filePath("h").toStdString() + "\xF6sts");
+    type_name(QString::fromUtf8("\u4E3B\u6A5F"));
+    in_next<QMessageBox>([](QMessageBox& box) {
+        EXPECT_TRUE(box.text().contains("characters"));
+        box.accept();
+    });
+    EXPECT_EQ(choose(dialogs, folder), "");
+}
+
+TEST(QtDialogs, AQuestionIsAnsweredByItsButtonsAndNoByEsc) {
+    int shown_before = 0;
+    QtDialogs dialogs(FileChooser::OfQt, [&] { ++shown_before; });
+    in_next<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.text(), "one\ntwo");
+        box.button(QMessageBox::Yes)->click();
+    });
+    EXPECT_EQ(dialogs.message_box("one\r\ntwo", MessageStyle::YesNoQuestion), MessageAnswer::Yes);
+    in_next<QMessageBox>(
+        [](QMessageBox& box) { QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton); });
+    EXPECT_EQ(dialogs.message_box("sure?", MessageStyle::YesNoQuestion), MessageAnswer::No);
+    EXPECT_EQ(shown_before, 2);
+}
+
+// Takes the addresses that the desktop would open.
+class OpenedAddresses : public QObject {
+    Q_OBJECT
+
+  public:
+    OpenedAddresses() {
+        for (const char* scheme : {"http", "https", "file"})
+            QDesktopServices::setUrlHandler(scheme, this, "open");
+    }
+    ~OpenedAddresses() override {
+        for (const char* scheme : {"http", "https", "file"})
+            QDesktopServices::unsetUrlHandler(scheme);
+    }
+    Q_INVOKABLE void open(const QUrl& address) { seen += address.toString(QUrl::FullyEncoded); }
+
+    QStringList seen;
+};
+
+TEST(QtShell, OpensAddressesAndFilesAndTheManualForAHelpFileThatIsMissing) {
+    const OpenedAddresses opened;
+    const QTemporaryDir folder;
+    QFile(folder.filePath("Tessarine.chm")).open(QIODevice::WriteOnly);
+    QtShell shell;
+    shell.open("http://example.net/cgi-bin/x.pl?EvtSrc=Service Control Manager&EvtID=1");
+    shell.open(folder.path().toStdString() + "\\Tessarine.chm");
+    shell.open("/nowhere/Tessarine.chm");
+    ASSERT_GE(opened.seen.size(), 2);
+    EXPECT_EQ(opened.seen[0],
+              "http://example.net/cgi-bin/x.pl?EvtSrc=Service%20Control%20Manager&EvtID=1");
+    EXPECT_TRUE(opened.seen[1].endsWith("/Tessarine.chm"));
+    // The manual is where the program lies, which a test's may not.
+    EXPECT_TRUE(opened.seen.size() == 2 || opened.seen[2].endsWith("/manual/index.html"));
+}
+
+// Sets an environment variable for the length of a test.
+class Variable {
+  public:
+    Variable(const char* name, const QByteArray& value) : name_(name), before_(qgetenv(name)) {
+        qputenv(name, value);
+    }
+    ~Variable() { qputenv(name_, before_); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+  private:
+    const char* name_;
+    QByteArray before_;
+};
+
+TEST(QtProgram, MakesItsFolderForItsOwnerAlone) {
+    const QTemporaryDir home;
+    const Variable data_home("XDG_DATA_HOME", QFile::encodeName(home.filePath("deep/data")));
+    const mode_t mask_before = ::umask(0);
+    QtProgram program;
+    ::umask(mask_before);
+    EXPECT_EQ(program.application_directory(), home.filePath("deep/data/tessarine").toStdString());
+    struct stat status {};
+    ASSERT_EQ(::stat(program.application_directory().c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0700U);
+}
+
+TEST(QtProgram, SaysWhyThereIsNoFolder) {
+    const QTemporaryDir home;
+    QFile(home.filePath("file")).open(QIODevice::WriteOnly);
+    for (const char* place : {"file/x", "\xE4\xB8\xBB"}) {
+        const Variable data_home("XDG_DATA_HOME", QFile::encodeName(home.path()) + "/" + place);
+        EXPECT_THROW(QtProgram(), RuntimeError) << place;
+    }
+}
+
+}  // namespace
+}  // namespace tessarine
+
+#include "desktop_test.moc"

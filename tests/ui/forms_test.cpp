@@ -1,0 +1,208 @@
+// Every form: each control has its widget, its words, and its way to its routine.
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QTabBar>
+#include <QTest>
+#include <QToolBar>
+#include <array>
+#include <utility>
+
+#include "core/menus.h"
+#include "ui/form_access.h"
+#include "ui/list_view.h"
+#include "ui/qt_text.h"
+#include "ui/window_bench.h"
+
+namespace tessarine::fakes {
+namespace {
+
+constexpr std::size_t kMostEvents = 128;
+
+// The numbers, in the table, of the events that have been raised.
+std::vector<std::size_t>& calls() {
+    static std::vector<std::size_t> numbers;
+    return numbers;
+}
+
+template <std::size_t number>
+void note(Console&, const EventDetails&) {
+    calls().push_back(number);
+}
+
+template <std::size_t... numbers>
+constexpr std::array<decltype(ControlEvent::routine), sizeof...(numbers)> all_notes(
+    std::index_sequence<numbers...>) {
+    return {note<numbers>...};
+}
+
+// The console's table with routines that only note that they were called.
+class RecordedEvents {
+  public:
+    RecordedEvents() {
+        constexpr auto notes = all_notes(std::make_index_sequence<kMostEvents>());
+        calls().clear();
+        for (const ControlEvent& event : control_events()) {
+            events_.push_back(event);
+            events_.back().routine = notes.at(events_.size() - 1);
+        }
+    }
+
+    std::span<const ControlEvent> events() const { return events_; }
+
+    /// How often the event has been raised since the last question.
+    std::ptrdiff_t taken(const ControlEvent& event) const {
+        const auto number = static_cast<std::size_t>(&event - events_.data());
+        const auto count = std::count(calls().begin(), calls().end(), number);
+        calls().clear();
+        return count;
+    }
+
+  private:
+    std::vector<ControlEvent> events_;
+};
+
+template <class Control>
+QString caption_of(const Control& control) {
+    if constexpr (requires { control.caption; }) return to_qt(control.caption);
+    return {};
+}
+
+template <class Control>
+QString tip_of(const Control& control) {
+    if constexpr (requires { control.tool_tip; }) return to_qt(control.tool_tip);
+    return {};
+}
+
+QString shown_caption(const QWidget& widget) {
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) return button->text();
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) return label->text();
+    return {};
+}
+
+void expect_widgets(Console& console, FormId form, QWidget& window) {
+    visit_controls(console, form, [&](std::string_view name, auto& control) {
+        SCOPED_TRACE(std::string(form_name(form)) + "." + std::string(name));
+        auto* widget = window.findChild<QWidget*>(object_name(name));
+        ASSERT_NE(widget, nullptr);
+        EXPECT_EQ(widget->toolTip(), tip_of(control));
+        EXPECT_EQ(shown_caption(*widget), caption_of(control));
+        const bool is_text = qobject_cast<QLabel*>(widget) != nullptr;
+        EXPECT_TRUE(is_text || !widget->accessibleName().isEmpty());
+    });
+}
+
+// Does with a control what raises its click.
+void click(QWidget& widget) {
+    if (auto* button = qobject_cast<QAbstractButton*>(&widget)) button->click();
+    if (auto* tabs = qobject_cast<QTabBar*>(&widget)) tabs->setCurrentIndex(1);
+    if (qobject_cast<ListView*>(&widget) != nullptr) click_row(widget, 0);
+}
+
+void expect_clicks_arrive(const RecordedEvents& recorded, FormId form, QObject& window) {
+    for (const ControlEvent& event : recorded.events()) {
+        if (event.form != form || event.kind != EventKind::Click) continue;
+        SCOPED_TRACE(std::string(event.control));
+        recorded.taken(event);
+        auto* found = window.findChild<QObject*>(object_name(event.control));
+        ASSERT_NE(found, nullptr);
+        if (auto* action = qobject_cast<QAction*>(found)) action->trigger();
+        if (auto* widget = qobject_cast<QWidget*>(found)) click(*widget);
+        EXPECT_EQ(recorded.taken(event), 1);
+    }
+}
+
+TEST(Forms, EveryControlOfTheMainWindowHasItsWidgetAndItsRoutine) {
+    const RecordedEvents recorded;
+    WindowBench window(recorded.events());
+    window.console.Form1.AlertList.add_row("4625", 0);
+    window.console.Form1.IgnoreList.add_row("7036", 0);
+    window.start();
+    window.console.Form1.PosFrame1[2].visible = true;
+    window.console.Form1.host_tab = 3;
+    window.windows.refresh();
+    expect_widgets(window.console, FormId::Form1, window.windows.main_window());
+    expect_clicks_arrive(recorded, FormId::Form1, window.windows.main_window());
+}
+
+TEST(Forms, EveryControlOfTheDialogsHasItsWidgetAndItsRoutine) {
+    const RecordedEvents recorded;
+    WindowBench window(recorded.events());
+    window.start();
+    window.console.Form4.get();
+    window.console.Form6.get();
+    window.console.AboutForm.get();
+    window.console.ConCheck.get();
+    for (const FormId form : {FormId::Form4, FormId::Form6, FormId::AboutForm, FormId::ConCheck}) {
+        window.when_open(form_name(form).data(), [&](QWidget& dialog) {
+            expect_widgets(window.console, form, dialog);
+            expect_clicks_arrive(recorded, form, dialog);
+            run_event(window.console, [&](Console& console) { unload_form(console, form); });
+        });
+        run_event(window.console, [&](Console&) { window.windows.show_modal(form); });
+    }
+}
+
+TEST(Forms, WhatLeadsNowhereIsDisabled) {
+    WindowBench window;
+    window.start();
+    for (const MenuTableRow& row : kMenuTable) {
+        if (row.entry == nullptr) continue;
+        const bool leads_on =
+            find_event(control_events(), FormId::Form1, row.name, EventKind::Click) != nullptr;
+        EXPECT_EQ(window.find<QAction>(row.name.data()).isEnabled(), leads_on) << row.name;
+    }
+    EXPECT_FALSE(window.find("TxtSearch").isEnabled());
+    EXPECT_FALSE(window.find("ListView2").isEnabled());
+    EXPECT_TRUE(window.find("SysErrors").isEnabled());
+}
+
+TEST(Forms, EveryToolbarButtonHasAPictureATipAndItsMenuEntrysRoutine) {
+    const RecordedEvents recorded;
+    WindowBench window(recorded.events());
+    window.start();
+    for (const ToolbarButton& button : kToolbar) {
+        if (button.raises.empty()) continue;
+        SCOPED_TRACE(std::string(button.tool_tip));
+        const std::string name = "Toolbar1_" + std::to_string(button.index);
+        auto& action = window.find<QAction>(name.c_str());
+        EXPECT_FALSE(action.icon().isNull());
+        EXPECT_EQ(action.toolTip(), object_name(button.tool_tip));
+        const ControlEvent* event =
+            find_event(recorded.events(), FormId::Form1, button.raises, EventKind::Click);
+        EXPECT_EQ(action.isEnabled(), event != nullptr);
+        action.trigger();
+        EXPECT_TRUE(event == nullptr || recorded.taken(*event) == 1);
+    }
+}
+
+TEST(Forms, MenusHaveALetterForEachEntryAndTheBarsCaptions) {
+    WindowBench window;
+    window.start();
+    QStringList bar;
+    for (const std::string_view menu : kMenuBar) bar += window.find<QMenu>(menu.data()).title();
+    EXPECT_EQ(bar.join(' '), "&File &Hosts &Run &Preferences H&elp");
+    EXPECT_EQ(window.find<QAction>("enumLan").text(), "&Enumerate Lan");
+    EXPECT_FALSE(window.find<QAction>("loadfrmlist").icon().isNull());
+}
+
+TEST(Forms, TabWalksTheHostsPageThenTheRecords) {
+    WindowBench window;
+    window.start();
+    QStringList walked;
+    QWidget* first = &window.find("TabStrip1");
+    QWidget* at = first;
+    do {
+        const bool stops = at->isVisible() && at->isEnabled() && (at->focusPolicy() & Qt::TabFocus);
+        if (stops && !at->objectName().startsWith("qt_")) walked += at->objectName();
+        at = at->nextInFocusChain();
+    } while (at != first);
+    walked.removeAll({});
+    EXPECT_EQ(walked.join(' '),
+              "TabStrip1 ListView1 TabStrip2 SysErrors SysWarnings SysInformations SystemList "
+              "txtSelectedHost");
+}
+
+}  // namespace
+}  // namespace tessarine::fakes

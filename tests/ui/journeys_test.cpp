@@ -1,0 +1,237 @@
+// What a user does in the window, from the click to what is seen.
+#include <gmock/gmock.h>
+
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "app/console_program.h"
+#include "ui/window_bench.h"
+
+namespace tessarine::fakes {
+namespace {
+
+using testing::HasSubstr;
+
+constexpr const char* kRecords =
+    "error|1/2/2026|1:02:03 PM|disk|11|N/A|PC1|A bad block\r\n"
+    "information|1/2/2026|1:02:04 PM|Tcpip|4201|N/A|PC1|Ready\r\n";
+
+QString cell(WindowBench& window, const char* table, int row, int column) {
+    return window.find<QTableView>(table).model()->index(row, column).data().toString();
+}
+
+int rows(WindowBench& window, const char* table) {
+    return window.find<QTableView>(table).model()->rowCount();
+}
+
+QString panel(WindowBench& window, int number) {
+    return window.find<QLabel>(qPrintable(QStringLiteral("st1_panel%1").arg(number))).text();
+}
+
+void pick(QWidget& menu, const char* entry) {
+    auto* action = menu.findChild<QAction*>(entry);
+    ASSERT_TRUE(action != nullptr && action->isEnabled());
+    const QPoint place = dynamic_cast<QMenu&>(menu).actionGeometry(action).center();
+    QTest::mouseMove(&menu, place);
+    QTest::mouseClick(&menu, Qt::LeftButton, {}, place);
+}
+
+TEST(Journey, AHostListIsLoadedAndOneHostsLogsAreViewed) {
+    WindowBench window;
+    window.bench.files.put("/lists/hosts.txt", "pc1\r\npc2\r\n");
+    window.bench.files.put("/app/Data/PC1_system.log", kRecords);
+    window.bench.files.put("/app/alertpatterns.txt", "11\r\n\r\n");
+    window.start();
+    EXPECT_EQ(window.windows.main_window().windowTitle(), "Tessarine 1.3.0");
+
+    window.bench.dialogs.choose_file_next("/lists/hosts.txt");
+    window.trigger("loadfrmlist");
+    EXPECT_EQ(rows(window, "ListView1"), 2);
+    EXPECT_EQ(cell(window, "ListView1", 0, 0), "PC1");
+    EXPECT_EQ(panel(window, 4), "2 hosts");
+
+    window.trigger("highlightpatt");
+    EXPECT_TRUE(window.find<QAction>("highlightpatt").isChecked());
+    EXPECT_TRUE(window.find<QAction>("Toolbar1_10").isChecked());
+
+    window.when_open("MyMenu", [](QWidget& menu) { pick(menu, "vieweventlogs"); });
+    click_row(window.find("ListView1"), 0, Qt::RightButton);
+    EXPECT_EQ(window.find<QLineEdit>("txtSelectedHost").text(), "Host: PC1");
+    EXPECT_EQ(rows(window, "SystemList"), 2);
+    EXPECT_EQ(cell(window, "SystemList", 0, 4), "11");
+    const auto* model = window.find<QTableView>("SystemList").model();
+    EXPECT_TRUE(model->index(0, 7).data(Qt::ForegroundRole).isValid());
+    EXPECT_FALSE(model->index(1, 7).data(Qt::ForegroundRole).isValid());
+    EXPECT_EQ(panel(window, 3), "Total: 2 events    Ignored:0    Highlighted:1");
+    EXPECT_EQ(window.find<QTabBar>("TabStrip2").tabData(0), 2);
+}
+
+TEST(Journey, TheTypeBoxesDecideWhatTheNextLoadShows) {
+    WindowBench window;
+    window.bench.files.put("/app/Data/PC1_system.log", kRecords);
+    window.console.Form1.ListView1.add_row("PC1", 1).add_sub_item("-");
+    window.start();
+    QTest::mouseClick(&window.find("SysErrors"), Qt::LeftButton, {}, QPoint(8, 8));
+    window.when_open("MyMenu", [](QWidget& menu) { pick(menu, "vieweventlogs"); });
+    click_row(window.find("ListView1"), 0, Qt::RightButton);
+    EXPECT_EQ(rows(window, "SystemList"), 1);
+}
+
+TEST(Journey, APressOnAnEmptyHostListSaysHowToFillIt) {
+    WindowBench window;
+    window.start();
+    QTest::mouseClick(window.find<QTableView>("ListView1").viewport(), Qt::RightButton);
+    EXPECT_EQ(panel(window, 1), "List Empty. Enumerate or Load hosts");
+}
+
+TEST(Journey, CodesAreAddedPickedAndRemoved) {
+    WindowBench window;
+    window.start();
+    window.find<QTabBar>("TabStrip1").setCurrentIndex(2);
+    ASSERT_TRUE(window.find("AlertList").isVisible());
+    auto& field = window.find<QLineEdit>("TxtAlert");
+    for (const char* code : {"4625", "7034"}) {
+        QTest::keyClicks(&field, code);
+        QTest::mouseClick(&window.find("Command1"), Qt::LeftButton);
+    }
+    EXPECT_EQ(rows(window, "AlertList"), 2);
+    EXPECT_EQ(window.bench.files.bytes("/app/alertpatterns.txt"), "4625\r\n\r\n7034\r\n\r\n");
+    click_row(window.find("AlertList"), 0);
+    EXPECT_EQ(field.text(), "4625");
+    QTest::mouseClick(&window.find("Command6"), Qt::LeftButton);
+    EXPECT_EQ(rows(window, "AlertList"), 1);
+    EXPECT_EQ(cell(window, "AlertList", 0, 0), "7034");
+}
+
+TEST(Journey, HostsAreAddedByButtonAndByEnter) {
+    WindowBench window;
+    window.start();
+    window.when_open("Form6", [&](QWidget& dialog) {
+        auto* field = dialog.findChild<QLineEdit*>("AddHost");
+        QTest::keyClicks(field, "pc1");
+        QTest::mouseClick(dialog.findChild<QPushButton*>("Command1"), Qt::LeftButton);
+        EXPECT_EQ(field->text(), "");
+        QTest::keyClicks(field, "pc2");
+        QTest::keyClick(field, Qt::Key_Return);
+        EXPECT_EQ(rows(window, "ListView1"), 2);
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    window.trigger("addhostmanually");
+    EXPECT_EQ(cell(window, "ListView1", 1, 0), "PC2");
+    EXPECT_FALSE(window.console.Form6.loaded());
+}
+
+TEST(Journey, TheCustomAuditTakesItsDayFromMouseOrKeys) {
+    WindowBench window;
+    window.bench.clock.moment = {{2026, 3, 9}, {12, 0, 0}};
+    window.start();
+    window.when_open("Form4", [&](QWidget& dialog) {
+        auto* sentence = dialog.findChild<QLabel*>("Label1");
+        auto* calendar = dialog.findChild<QCalendarWidget*>("MonthView1");
+        auto* days = calendar->findChild<QWidget*>("qt_calendar_calendarview");
+        EXPECT_EQ(sentence->text(), "Perform audit from: 3/9/2026 onwards");
+        days->setFocus();
+        QTest::keyClick(days, Qt::Key_Left);
+        EXPECT_TRUE(days->hasFocus()) << "walking must not lose the calendar";
+        QTest::keyClick(days, Qt::Key_Return);
+        EXPECT_EQ(sentence->text(), "Perform audit from: 3/8/2026 onwards");
+        days->setFocus();
+        QTest::keyClick(days, Qt::Key_Left);
+        dialog.findChild<QWidget*>("ChkSys")->setFocus();
+        EXPECT_EQ(sentence->text(), "Perform audit from: 3/7/2026 onwards");
+        dialog.findChild<QCheckBox*>("chkSpecificDate")->click();
+        EXPECT_EQ(sentence->text(), "Perform audit for: 3/7/2026");
+        for (const char* box : {"ChkSys", "ChkApp", "ChkSec"})
+            dialog.findChild<QCheckBox*>(box)->click();
+        dialog.findChild<QPushButton*>("Command1")->click();
+        EXPECT_EQ(window.bench.dialogs.messages.back().text, "select atleast one log to audit");
+        EXPECT_TRUE(dialog.isVisible());
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    window.trigger("runcustomforallhosts");
+    EXPECT_FALSE(window.console.Form4.loaded());
+}
+
+TEST(Journey, AFullAuditTestsTheHostForThreeSecondsThatNobodyCutsShort) {
+    WindowBench window;
+    window.console.Form1.ListView1.add_row("PC1", 1).add_sub_item("-");
+    window.start();
+    QElapsedTimer clock;
+    clock.start();
+    window.when_open("ConCheck", [](QWidget& dialog) {
+        EXPECT_EQ(dialog.findChild<QLabel*>("lblHostName")->text(), "PC1");
+        EXPECT_EQ(dialog.findChild<QLabel*>("lblReturn")->text(), "Trying");
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+        dialog.close();
+        EXPECT_TRUE(dialog.isVisible());
+    });
+    window.trigger("runFullauditAllhost");
+    EXPECT_GE(clock.elapsed(), 2990);
+    EXPECT_LT(clock.elapsed(), 6000);
+    const auto* model = window.find<QTableView>("ListView1").model();
+    EXPECT_EQ(model->index(0, 1).data(Qt::AccessibleDescriptionRole), "audit failed");
+}
+
+TEST(Journey, TheShownHostsFieldPassesTheFocusOn) {
+    WindowBench window;
+    window.start();
+    window.windows.main_window().activateWindow();
+    window.find("txtSelectedHost").setFocus();
+    EXPECT_TRUE(window.find("ListView1").hasFocus());
+}
+
+TEST(Journey, TabsBringTheirPagesToTheFront) {
+    WindowBench window;
+    window.start();
+    window.find<QTabBar>("TabStrip2").setCurrentIndex(2);
+    EXPECT_TRUE(window.find("SecFilter").isVisible());
+    EXPECT_FALSE(window.find("SystemList").isVisible());
+    EXPECT_EQ(window.console.Form1.lblselectedTab.caption, " Security Log  ");
+    window.find<QTabBar>("TabStrip1").setCurrentIndex(1);
+    EXPECT_TRUE(window.find("TxtSearch").isVisible());
+}
+
+TEST(Journey, TheWholeProgramStartsOnAnEmptyFolderAndEndsByItsMenu) {
+    const QTemporaryDir home;
+    qputenv("XDG_DATA_HOME", QFile::encodeName(home.path()));
+    ConsoleProgram program(FileChooser::OfQt);
+    program.start();
+    auto* exit = program.windows().main_window().findChild<QAction*>("exit");
+    QTimer::singleShot(0, exit, &QAction::trigger);
+    EXPECT_EQ(program.run(), 0);
+    EXPECT_FALSE(program.windows().main_window().isVisible());
+    EXPECT_EQ(QDir(home.filePath("tessarine")).entryList({"*.txt"}).join(' '),
+              "alertpatterns.txt ignorelist.txt");
+    EXPECT_EQ(program.run(), 0) << "a program that has ended doesn't run again";
+    qunsetenv("XDG_DATA_HOME");
+}
+
+TEST(Journey, TheCloseBoxEndsTheProgram) {
+    WindowBench window;
+    window.start();
+    window.windows.main_window().close();
+    EXPECT_TRUE(window.bench.program.ended);
+    EXPECT_FALSE(window.windows.main_window().isVisible());
+}
+
+TEST(Journey, AboutSaysWhatProgramThisIs) {
+    WindowBench window;
+    window.start();
+    window.when_open("AboutForm", [](QWidget& dialog) {
+        const auto* text = dialog.findChild<QPlainTextEdit*>("Text1");
+        EXPECT_THAT(text->toPlainText().toStdString(), HasSubstr("Version:\t1.3.0"));
+        dialog.findChild<QPushButton*>("close")->click();
+    });
+    window.trigger("About");
+}
+
+}  // namespace
+}  // namespace tessarine::fakes

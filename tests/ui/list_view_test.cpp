@@ -1,0 +1,199 @@
+// The tables: what they show while a list changes, and what they write into it.
+#include <gmock/gmock.h>
+
+#include <QAbstractItemModelTester>
+#include <QContextMenuEvent>
+#include <QElapsedTimer>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "ui/list_view.h"
+#include "ui/window_bench.h"
+
+namespace tessarine::fakes {
+namespace {
+
+std::vector<ListColumn> three_columns() {
+    return {{"A"}, {"B"}, {"Message"}};
+}
+
+QVariant shown(const ListView& view, int row, int column, int role = Qt::DisplayRole) {
+    return view.model()->index(row, column).data(role);
+}
+
+TEST(ListView, ShowsTheRowsOfTheLastRefreshWhateverARoutineDoesToThem) {
+    ListControl list(three_columns());
+    ListView view(list, ListView::Selects::ManyRows);
+    QAbstractItemModelTester tester(view.model(),
+                                    QAbstractItemModelTester::FailureReportingMode::Fatal);
+    for (const char* name : {"PC1", "PC2", "PC3"}) list.add_row(name, 1);
+    EXPECT_EQ(view.model()->rowCount(), 0);
+    view.refresh();
+    EXPECT_EQ(view.model()->rowCount(), 3);
+
+    list.clear();
+    list.add_row("PC4", 1);
+    EXPECT_EQ(view.model()->rowCount(), 3);
+    EXPECT_FALSE(shown(view, 2, 0).isValid());
+    view.refresh();
+    EXPECT_EQ(view.model()->rowCount(), 1);
+
+    list.add_row("PC5", 1).add_sub_item("-");
+    list.row(1).add_sub_item("new");
+    QSignalSpy changes(view.model(), &QAbstractItemModel::dataChanged);
+    view.refresh();
+    EXPECT_EQ(view.model()->rowCount(), 2);
+    EXPECT_EQ(changes.size(), 1);
+    EXPECT_EQ(shown(view, 0, 1), "new");
+}
+
+TEST(ListView, ShowsShortLongAndColouredRows) {
+    ListControl list(three_columns());
+    ListView view(list, ListView::Selects::OneRow);
+    list.add_row("only a type", 4);
+    ListControl::Row full = list.add_row(
+        "\xDC"
+        "berwachungsfehler",
+        5);
+    full.add_sub_item("a\tb");
+    full.add_sub_item(std::string(30'000, 'x'));
+    full.set_fore_colour(0, kRed);
+    full.set_report_icon(1, 8);
+    view.refresh();
+
+    EXPECT_FALSE(shown(view, 0, 2).isValid());
+    EXPECT_FALSE(shown(view, 0, 0, Qt::ForegroundRole).isValid());
+    EXPECT_EQ(shown(view, 1, 0), QString::fromUtf8("Überwachungsfehler"));
+    EXPECT_EQ(shown(view, 1, 1), "a b");
+    EXPECT_LT(shown(view, 1, 2).toString().size(), 1000);
+    EXPECT_TRUE(shown(view, 1, 0, Qt::ForegroundRole).isValid());
+    EXPECT_EQ(shown(view, 1, 1, Qt::AccessibleDescriptionRole), "audit failed");
+    EXPECT_TRUE(shown(view, 1, 1, Qt::DecorationRole).isValid());
+    EXPECT_FALSE(shown(view, 0, 1, Qt::DecorationRole).isValid());
+}
+
+TEST(ListView, TheRedOfAHighlightedRowIsReadableOnLightAndOnDark) {
+    ListControl list(three_columns());
+    ListView view(list, ListView::Selects::OneRow);
+    list.add_row("Error", 4).set_fore_colour(0, kRed);
+    view.refresh();
+    const QPalette before = QApplication::palette();
+    for (const QColor& ground : {QColor(Qt::white), QColor(0x20, 0x20, 0x20)}) {
+        QPalette palette = before;
+        palette.setColor(QPalette::Base, ground);
+        QApplication::setPalette(palette);
+        const auto red = shown(view, 0, 0, Qt::ForegroundRole).value<QColor>();
+        EXPECT_GT(std::abs(red.lightness() - ground.lightness()), 90);
+        EXPECT_GT(red.red(), red.green() + 80);
+    }
+    QApplication::setPalette(before);
+}
+
+TEST(ListView, WritesWhatTheUserSelectsAndShowsWhatTheConsoleSelects) {
+    ListControl list({{"HostName"}, {"Audit"}});
+    ListView view(list, ListView::Selects::ManyRows);
+    view.resize(300, 300);
+    view.show();
+    for (const char* name : {"PC1", "PC2", "PC3"}) list.add_row(name, 1).add_sub_item("-");
+    view.refresh();
+
+    click_row(view, 0);
+    click_row(view, 2, Qt::LeftButton, Qt::ControlModifier);
+    EXPECT_TRUE(list.row(1).selected() && !list.row(2).selected() && list.row(3).selected());
+    EXPECT_EQ(list.selected_item(), 3);
+
+    // A right click on one of several selected rows keeps them; on another row it selects that.
+    click_row(view, 0, Qt::RightButton);
+    EXPECT_TRUE(list.row(1).selected() && list.row(3).selected());
+    click_row(view, 1, Qt::RightButton);
+    EXPECT_TRUE(!list.row(1).selected() && list.row(2).selected() && !list.row(3).selected());
+    EXPECT_EQ(list.selected_item(), 2);
+
+    list.row(1).set_selected(true);
+    list.scrolled_to = 3;
+    view.refresh();
+    EXPECT_EQ(view.selectionModel()->selectedRows().size(), 2);
+    EXPECT_EQ(list.scrolled_to, 0);
+    EXPECT_TRUE(list.row(2).selected()) << "the view must not write back what it shows";
+
+    list.remove_row(1);
+    view.refresh();
+    EXPECT_EQ(view.selectionModel()->selectedRows().size(), 1);
+    EXPECT_EQ(list.selected_item(), 1);
+}
+
+TEST(ListView, TellsButtonsAndPickedRows) {
+    ListControl list({{"HostName"}});
+    ListView view(list, ListView::Selects::OneRow);
+    view.resize(300, 300);
+    view.show();
+    list.add_row("PC1", 1);
+    list.add_row("PC2", 1);
+    view.refresh();
+    QSignalSpy pressed(&view, &ListView::button_pressed);
+    QSignalSpy released(&view, &ListView::right_released);
+    QSignalSpy picked(&view, &ListView::row_picked);
+
+    click_row(view, 0);
+    EXPECT_EQ(pressed.takeFirst().at(0), 1);
+    EXPECT_EQ(picked.size(), 1);
+    click_row(view, 1, Qt::RightButton);
+    EXPECT_EQ(pressed.takeFirst().at(0), 2);
+    EXPECT_EQ(released.size(), 1);
+    QTest::keyClick(&view, Qt::Key_Up);
+    EXPECT_EQ(picked.size(), 2);
+
+    // The menu key stands for the right button, pressed and released.
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
+    QApplication::sendEvent(&view, &key);
+    EXPECT_EQ(pressed.takeFirst().at(0), 2);
+    EXPECT_EQ(released.size(), 2);
+}
+
+TEST(ListView, EventTablesShareTheirWidthEquallyButForTheMessage) {
+    ListControl list({{"Type"}, {"Date"}, {"Source"}, {"Message"}});
+    ListView view(list, ListView::Selects::OneRow, ListView::Widths::EventTable);
+    view.resize(1600, 300);
+    view.show();
+    EXPECT_EQ(view.columnWidth(0), view.columnWidth(1));
+    EXPECT_EQ(view.columnWidth(0), view.columnWidth(2));
+    EXPECT_GT(view.columnWidth(3), view.columnWidth(0));
+    EXPECT_FALSE(view.horizontalScrollBar()->isVisible());
+    view.setColumnWidth(0, 500);
+    view.resize(1610, 300);
+    EXPECT_EQ(view.columnWidth(0), view.columnWidth(1));
+}
+
+TEST(ListView, AMillionRowsAreShownAndScrolledAtOnce) {
+    ListControl list(
+        {{"Type"}, {"Date"}, {"Time"}, {"Source"}, {"Event"}, {"User"}, {"Computer"}, {"Message"}});
+    const std::string line = "error|1/2/2026|1:02:03 PM|disk|11|N/A|PC1|The driver found an error";
+    RecordText record{.line = line};
+    std::size_t at = 0;
+    for (std::uint32_t& end : record.ends) {
+        end = static_cast<std::uint32_t>(std::min(line.find('|', at), line.size()));
+        at = end + 1;
+    }
+    constexpr int kRows = 1'000'000;
+    for (int i = 0; i < kRows; ++i) list.add_record_row(record, 4);
+    ListView view(list, ListView::Selects::OneRow, ListView::Widths::EventTable);
+    view.resize(1000, 700);
+    view.show();
+
+    QElapsedTimer clock;
+    clock.start();
+    view.refresh();
+    view.grab();
+    for (int page = 0; page < 20; ++page) {
+        view.verticalScrollBar()->setValue(kRows / 20 * page);
+        view.grab();
+    }
+    EXPECT_EQ(view.model()->rowCount(), kRows);
+    EXPECT_EQ(shown(view, kRows - 1, 7), "The driver found an error");
+    // Tens of milliseconds as a rule; what this guards against takes minutes.
+    EXPECT_LT(clock.elapsed(), 10'000);
+}
+
+}  // namespace
+}  // namespace tessarine::fakes
