@@ -20,7 +20,7 @@ constexpr std::uint32_t kLongestHead = std::numeric_limits<std::uint16_t>::max()
 }  // namespace
 
 ListControl::ListControl(std::vector<ListColumn> list_columns, std::pmr::memory_resource* memory)
-    : columns(std::move(list_columns)), texts_(memory) {
+    : columns(std::move(list_columns)), rows_(memory), texts_(memory) {
     static_assert(sizeof(CompactRow) == 32);
 }
 
@@ -64,10 +64,10 @@ ListControl::Row ListControl::add_row(std::string_view text, int small_icon) {
 }
 
 void ListControl::add_record_row(const RecordText& record, int small_icon) {
-    CompactRow added;
+    order_.append(static_cast<RowOrder::RowNumber>(rows_.size()));
+    CompactRow& added = rows_.emplace_back();
     added.small_icon = static_cast<std::uint8_t>(small_icon & 0x7F);
-    const bool compact = record.ends[RecordText::kFields - 2] <= kLongestHead;
-    if (compact) {
+    if (record.ends[RecordText::kFields - 2] <= kLongestHead) {
         for (std::size_t i = 0; i < added.head_ends.size(); ++i)
             added.head_ends[i] = static_cast<std::uint16_t>(record.ends[i]);
         added.end = record.ends[RecordText::kFields - 1];
@@ -82,8 +82,6 @@ void ListControl::add_record_row(const RecordText& record, int small_icon) {
             start = end + 1;
         }
     }
-    order_.append(static_cast<RowOrder::RowNumber>(rows_.size()));
-    rows_.push_back(added);
     mark_changed(count());
 }
 

@@ -98,7 +98,7 @@ class ListControl {
     RowOrder::Before sort_rule() const;
     void mark_changed(int position);
 
-    std::vector<CompactRow> rows_;
+    std::pmr::vector<CompactRow> rows_;
     std::vector<std::unique_ptr<OwnRow>> own_rows_;
     RowOrder order_;
     TextArena texts_;

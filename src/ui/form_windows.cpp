@@ -32,6 +32,8 @@ void QtFormWindows::close() {
     door_->console().Form1.pbar1.tell(nullptr);
     door_->console().mouse_pointer = kPointerDefault;
     show_pointer();
+    // Widgets that go away pass the focus on, which is no event any more.
+    door_->hold(true);
     repainter_.reset();
     main_window_.reset();
     door_.reset();

@@ -43,7 +43,7 @@ void SocketProbe::connect(const std::string& host, int port, Events events) {
 }
 
 void SocketProbe::close() {
-    if (look_up_ != -1) QHostInfo::abortHostLookup(look_up_);
+    // The look-up goes on, but its answer counts for nothing: Qt can't abort it without a leak.
     look_up_ = -1;
     addresses_.clear();
     give_up_socket();
@@ -77,7 +77,7 @@ void SocketProbe::report(const std::function<void()>& event) {
 }
 
 void SocketProbe::looked_up(const QHostInfo& host) {
-    look_up_ = -1;
+    if (host.lookupId() != look_up_) return;
     addresses_ = host.addresses();
     try_next_address();
 }
