@@ -62,6 +62,12 @@ class RunTest(unittest.TestCase):
             f"tessarine data={desk} "])
         self.assertFalse(old.exists())
 
+    def test_a_trial_without_a_display_is_a_tour(self):
+        run, calls = self.run_it(display="")
+        self.assertEqual(run.returncode, 0, run.stderr)
+        self.assertIn("no display", run.stdout)
+        self.assertTrue(calls[1].endswith(f"--out {self.top}/tour"), calls[1])
+
     def test_own_leaves_the_users_data_alone(self):
         run, calls = self.run_it("--own")
         self.assertEqual(run.returncode, 0, run.stderr)
@@ -81,7 +87,7 @@ class RunTest(unittest.TestCase):
                 self.assertEqual("virtual screen" in run.stdout, display == "")
 
     def test_refusals_start_nothing(self):
-        for options, display in ((("--own",), ""), ((), ""), (("--tour", "--hosts"), ":1"),
+        for options, display in ((("--own",), ""), (("--tour", "--hosts"), ":1"),
                                  (("--tour", "--events", "missing"), ":1"), (("--other",), ":1"),
                                  (("--own", "--build"), ":1")):
             with self.subTest(options=options, display=display):
