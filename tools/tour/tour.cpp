@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QSet>
 #include <QTableView>
 #include <QTest>
 #include <array>
@@ -147,12 +148,23 @@ int Tour::first_filled_table() const {
     return -1;
 }
 
+// The first code of the table that isn't in the alert list yet, or else just the first one.
+QString Tour::unlisted_code(const QString& table) const {
+    QSet<QString> listed;
+    for (int row = 0; row < user_.rows("AlertList"); ++row)
+        listed.insert(user_.cell("AlertList", row, 0));
+    for (int row = 0; row < user_.rows(table); ++row)
+        if (const QString code = user_.cell(table, row, kEventColumn); !listed.contains(code))
+            return code;
+    return user_.cell(table, 0, kEventColumn);
+}
+
 void Tour::highlight_a_code() {
     for (const int row : audited_) {
         view(row);
         const int table = first_filled_table();
         if (table < 0) continue;
-        highlight(user_.cell(kTables[static_cast<std::size_t>(table)], 0, kEventColumn));
+        highlight(unlisted_code(kTables[static_cast<std::size_t>(table)]));
         view(row);
         user_.click_tab("TabStrip2", table);
         check(any_red_row(), "no row is highlighted");

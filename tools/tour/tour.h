@@ -26,6 +26,7 @@ class Tour {
     void load_hosts();
     void audit_all_hosts();
     void view_three_hosts();
+    QString unlisted_code(const QString& table) const;
     void highlight_a_code();
     void audit_from_a_day();
     void add_a_host();
