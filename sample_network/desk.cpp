@@ -29,7 +29,7 @@ std::string host_list(const std::vector<SampleHost>& hosts) {
 // Each entry has an empty line behind it, as the console writes them.
 std::string alert_list() {
     std::string lines;
-    for (const char* code : {"4625", "7034", "1000", "6008", "11"})
+    for (const char* code : {"4625", "7034", "1000", "6008"})
         lines += std::string(code) + "\r\n\r\n";
     return lines;
 }
