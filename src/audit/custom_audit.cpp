@@ -76,9 +76,7 @@ void audit_single_host(Console& console, const CustomAudit& audit) {
 
 void custaudit(Console& console) {
     ListControl& list = console.Form1.ListView1;
-    int selected = 0;
-    for (int row = 1; row <= list.count(); ++row)
-        if (list.row(row).selected()) ++selected;
+    const int selected = list.selected_count();
     if (selected <= 1 && list.selected_item() == 0) return;
     console.Form4->lblHostName.caption =
         selected > 1 ? "selected" : std::string(list.row(list.selected_item()).text());

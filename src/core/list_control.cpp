@@ -110,6 +110,13 @@ void ListControl::set_sort_order(SortOrder order) {
     set_sorted(sorted_);
 }
 
+int ListControl::selected_count() {
+    int selected = 0;
+    for (int position = 1; position <= count(); ++position)
+        if (row(position).selected()) ++selected;
+    return selected;
+}
+
 ListChanges ListControl::take_changes() {
     return std::exchange(changes_, ListChanges{});
 }

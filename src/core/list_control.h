@@ -74,6 +74,9 @@ class ListControl {
     void set_sort_order(SortOrder order);
     SortOrder sort_order() const { return sort_order_; }
 
+    /// How many rows are selected.
+    int selected_count();
+
     /// The row that commands on a single row mean; 0 for none.
     int selected_item() const { return selected_item_; }
     void set_selected_item(int position) { selected_item_ = position; }

@@ -13,13 +13,6 @@ namespace {
 
 constexpr int kRightButton = 2;
 
-int selected_rows(ListControl& list) {
-    int selected = 0;
-    for (int row = 1; row <= list.count(); ++row)
-        if (list.row(row).selected()) ++selected;
-    return selected;
-}
-
 // KEEP(delete-logs-takes-names-as-they-stand): a name with a leading "\\" has no files here, though
 // viewing and auditing find them. Removing the "\\" looks right, but would delete files.
 bool has_log(Console& console, const std::string& host, EventLog log) {
@@ -60,7 +53,7 @@ void press_on_host_list(Console& console, int button) {
     }
     form.st1.set_text(1, "");
     if (button != kRightButton) return;
-    form.graphicalview.enabled = selected_rows(form.ListView1) <= 1;
+    form.graphicalview.enabled = form.ListView1.selected_count() <= 1;
     console.platform.form_windows.pop_up_menu("MyMenu");
 }
 

@@ -39,13 +39,6 @@ constexpr std::array kSteps = {
 static_assert(kSteps[0].table.log == EventLog::Security && kSteps[2].table.tab == 2,
               "the logs are read in an order of their own, not in that of the tabs");
 
-int count_selected(ListControl& hosts) {
-    int selected = 0;
-    for (int row = 1; row <= hosts.count(); ++row)
-        if (hosts.row(row).selected()) ++selected;
-    return selected;
-}
-
 // A file that can't be opened or read further ends there, as an empty one would.
 void read_records(Console& console, const std::string& path, RecordRows& rows) {
     ErrorRegime errors;
@@ -109,7 +102,7 @@ void ViewEventLog(Console& console, const std::string& HostName) {
     form.ApplicationList.clear();
     form.SecurityList.clear();
     form.st1.set_text(1, "Please wait ...");
-    if (count_selected(form.ListView1) > 1) {
+    if (form.ListView1.selected_count() > 1) {
         form.st1.set_text(1, "");
         return;
     }
