@@ -2,6 +2,7 @@
 #include <sys/resource.h>
 
 #include <chrono>
+#include <cstdint>
 #include <fstream>
 #include <iostream>
 #include <string>
@@ -29,9 +30,10 @@ long memory(const std::string& name) {
     return kib;
 }
 
-// Counts the records that the audit walks, by the progress that it shows.
-long records_of(const Console& console) {
-    return console.Form1.pbar1.maximum();
+// The records that the audit walked, by the progress that it showed; none if it came to no walk.
+std::int64_t records_of(const Console& console) {
+    const bool walked = console.Form1.AuditStat.text == "ok" && console.Form1.st1.text(1).empty();
+    return walked ? console.Form1.pbar1.maximum() : 0;
 }
 
 void choose_option(Console& console, const std::string& option) {

@@ -60,6 +60,9 @@ TEST(HttpConnection, SaysWhyThereIsNone) {
                                       " of the host is closed (connection refused)");
     HttpConnection unknown({"no-such-host.invalid", 5985});
     EXPECT_EQ(failure_of(unknown), "The host's name is unknown");
+    const ScriptedHost other(std::vector<std::string>{"220 mail.example ready\r\n"}, Last::Closes);
+    HttpConnection mail(other.address());
+    EXPECT_NE(failure_of(mail).find("doesn't speak HTTP"), std::string::npos);
 }
 
 TEST(HttpConnection, FindsTheTokenAmongTheChallenges) {

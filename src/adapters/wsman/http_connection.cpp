@@ -133,6 +133,8 @@ std::string HttpConnection::failure_text(CURLcode code) const {
     if (answered_ || code == CURLE_SEND_ERROR || code == CURLE_RECV_ERROR ||
         code == CURLE_GOT_NOTHING || code == CURLE_PARTIAL_FILE)
         return "The connection to the host is lost";
+    if (code == CURLE_UNSUPPORTED_PROTOCOL || code == CURLE_WEIRD_SERVER_REPLY)
+        return "What answers on port " + std::to_string(port_) + " of the host doesn't speak HTTP";
     return std::string("The connection to the host failed: ") + curl_easy_strerror(code);
 }
 
