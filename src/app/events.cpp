@@ -12,6 +12,7 @@
 #include "hosts/preaudited_hosts.h"
 #include "patterns/code_lists.h"
 #include "viewer/log_loading.h"
+#include "viewer/record_list_clicks.h"
 
 namespace tessarine {
 namespace {
@@ -57,6 +58,13 @@ constexpr std::array kEvents = {
     ControlEvent{Form1, "removehost", Click, plain<removehost>},
     ControlEvent{Form1, "txtSelectedHost", GotFocus, plain<enter_selected_host>},
     ControlEvent{Form1, "txtSelectedHost", MouseDown, press_on_selected_host},
+
+    // The event tables.
+    ControlEvent{Form1, "SystemList", RightRelease, plain<release_on_system_list>},
+    ControlEvent{Form1, "ApplicationList", RightRelease, plain<release_on_application_list>},
+    ControlEvent{Form1, "SecurityList", RightRelease, plain<release_on_security_list>},
+    ControlEvent{Form1, "addtohighlightlist", Click, plain<addtohighlightlist>},
+    ControlEvent{Form1, "addtoignore", Click, plain<addtoignore>},
 
     // Alert and ignore lists.
     ControlEvent{Form1, "Command1", Click, plain<add_alert_pattern>},
