@@ -120,12 +120,17 @@ void Tour::view(int row) {
           "the wrong logs are shown: " + shown);
 }
 
-void Tour::view_three_hosts() {
-    watch_.expect("MyMenu", [this](QWidget&) {
-        album_.take("host-menu");
+void Tour::show_menu_of(const QString& table, int row, const QString& menu,
+                        const QString& picture) {
+    watch_.expect(menu, [this, picture](QWidget&) {
+        album_.take(picture);
         user_.close_menu();
     });
-    user_.right_click_row("ListView1", audited_.front());
+    user_.right_click_row(table, row);
+}
+
+void Tour::view_three_hosts() {
+    show_menu_of("ListView1", audited_.front(), "MyMenu", "host-menu");
     for (std::size_t i = 0; i < audited_.size() && i < kHostsToView; ++i) {
         view(audited_[i]);
         if (i == 0) show_logs_of_first_host();
@@ -169,6 +174,7 @@ void Tour::highlight_a_code() {
         user_.click_tab("TabStrip2", table);
         check(any_red_row(), "no row is highlighted");
         album_.take("highlighted");
+        show_menu_of(kTables[static_cast<std::size_t>(table)], 0, "popmeup2", "event-menu");
         return;
     }
     fail("no host that was audited has an event");

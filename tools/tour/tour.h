@@ -26,6 +26,7 @@ class Tour {
     void load_hosts();
     void audit_all_hosts();
     void view_three_hosts();
+    void show_menu_of(const QString& table, int row, const QString& menu, const QString& picture);
     QString unlisted_code(const QString& table) const;
     void highlight_a_code();
     void audit_from_a_day();
