@@ -1,9 +1,6 @@
 // Audits one host over the network, as the window's commands do once the host is known to be there.
-#include <sys/resource.h>
-
 #include <chrono>
 #include <cstdint>
-#include <fstream>
 #include <iostream>
 #include <string>
 
@@ -15,20 +12,11 @@
 #include "bench/commands.h"
 #include "bench/idle_platform.h"
 #include "bench/json_text.h"
+#include "bench/process_memory.h"
 #include "core/code_page.h"
 
 namespace tessarine::bench {
 namespace {
-
-// Memory of the process in KiB: what the kernel says under `name`, "VmRSS" or "VmHWM".
-long memory(const std::string& name) {
-    std::ifstream status("/proc/self/status");
-    std::string word;
-    long kib = 0;
-    while (status >> word)
-        if (word == name + ":") status >> kib;
-    return kib;
-}
 
 // The records that the audit walked, by the progress that it showed; none if it came to no walk.
 std::int64_t records_of(const Console& console) {
@@ -61,7 +49,7 @@ void audit(std::span<char* const> words) {
     console.Form3->txtLogPath.text = from_utf8(arguments.plain()[0]);
     console.Form3->txtArchivePath.text = console.Form3->txtLogPath.text;
     const std::string host = from_utf8(arguments.plain()[1]);
-    const long idle_memory = memory("VmRSS");
+    const long idle_memory = present_memory();
     const auto start = std::chrono::steady_clock::now();
     AuditHost(console, host, arguments.value("--kind", "full"), {});
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
@@ -69,8 +57,7 @@ void audit(std::span<char* const> words) {
               << ", \"panel1\": " << json_text(to_utf8(console.Form1.st1.text(1)))
               << ", \"records\": " << records_of(console)
               << ", \"seconds\": " << std::to_string(time.count())
-              << ", \"idle_kib\": " << idle_memory << ", \"peak_kib\": " << memory("VmHWM")
-              << "}\n";
+              << ", \"idle_kib\": " << idle_memory << ", \"peak_kib\": " << peak_memory() << "}\n";
 }
 
 }  // namespace tessarine::bench

@@ -1,6 +1,4 @@
 // Loads the stored logs of one host into the three event tables, as the window's command does.
-#include <sys/resource.h>
-
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -11,6 +9,7 @@
 #include "bench/commands.h"
 #include "bench/idle_platform.h"
 #include "bench/json_text.h"
+#include "bench/process_memory.h"
 #include "core/code_page.h"
 #include "store/log_files.h"
 #include "store/record_reader.h"
@@ -94,13 +93,6 @@ std::string tab_images(const TabStrip& strip) {
     for (const int tab : kLogTabs)
         (images += images.empty() ? "" : ", ") += std::to_string(strip.tab(tab).image);
     return "[" + images + "]";
-}
-
-// The most memory that the process has had, in KiB.
-long peak_memory() {
-    rusage usage{};
-    ::getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss;
 }
 
 void print(Console& console, std::chrono::duration<double> time, long peak) {
