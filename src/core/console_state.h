@@ -66,7 +66,6 @@ struct Console {
     Form<tessarine::AboutForm> AboutForm{FormId::AboutForm};
 
     int mouse_pointer = kPointerDefault;  ///< of the whole screen
-    int last_sorted_column = 0;           ///< 1-based, shared by SystemList and ApplicationList
     bool started = false;                 ///< set once, when Form1 is first loaded
 };
 
