@@ -4,6 +4,7 @@
 #include "adapters/system/large_page_memory.h"
 #include "adapters/system/local_directory_listing.h"
 #include "adapters/system/local_files.h"
+#include "adapters/system/private_memory.h"
 #include "adapters/system/system_clock.h"
 #include "core/console_state.h"
 #include "core/runtime_error.h"
@@ -65,6 +66,7 @@ struct IdlePlatform {
     LocalDirectoryListing directory_listing;
     SystemClock clock;
     LargePageMemory table_memory;
+    PrivateMemory secret_memory;
     IdleEventSource event_source;
     IdleSettings settings_values;
     IdleProbe tcp_probe;
@@ -76,8 +78,18 @@ struct IdlePlatform {
     Platform platform() { return platform(event_source, settings_values); }
     /// The same with hosts and settings of the caller's.
     Platform platform(EventSource& source, SettingsValues& settings) {
-        return {source,  files, directory_listing, clock,        settings, tcp_probe, form_windows,
-                dialogs, shell, program,           &table_memory};
+        return {.event_source = source,
+                .files = files,
+                .directory_listing = directory_listing,
+                .clock = clock,
+                .settings_values = settings,
+                .tcp_probe = tcp_probe,
+                .form_windows = form_windows,
+                .dialogs = dialogs,
+                .shell = shell,
+                .program = program,
+                .table_memory = &table_memory,
+                .secret_memory = &secret_memory};
     }
 };
 

@@ -8,6 +8,7 @@
 #include "adapters/system/large_page_memory.h"
 #include "adapters/system/local_directory_listing.h"
 #include "adapters/system/local_files.h"
+#include "adapters/system/private_memory.h"
 #include "adapters/system/sqlite_settings.h"
 #include "adapters/system/system_clock.h"
 #include "adapters/wsman/wsman_event_source.h"
@@ -44,6 +45,7 @@ struct ConsoleProgram::Parts {
     SqliteSettings settings{program.application_directory() + "/settings.db"};
     WsmanEventSource events{{.while_waiting = [this] { windows.tick(); }}};
     LargePageMemory memory;
+    PrivateMemory secret_memory;
     Console console{{.event_source = events,
                      .files = files,
                      .directory_listing = listing,
@@ -54,7 +56,8 @@ struct ConsoleProgram::Parts {
                      .dialogs = dialogs,
                      .shell = shell,
                      .program = program,
-                     .table_memory = &memory},
+                     .table_memory = &memory,
+                     .secret_memory = &secret_memory},
                     RegionalText::of_this_machine()};
 };
 

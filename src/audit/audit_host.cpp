@@ -37,7 +37,7 @@ std::unique_ptr<EventService> connect(Console& console, const std::string& host)
     auto& settings = console.Form3;
     std::optional<Credentials> credentials;
     if (settings->Check1.value == 1)
-        credentials = Credentials{settings->TxtUsername.text, settings->TxtPassword.text};
+        credentials = Credentials{settings->TxtUsername.text, settings->TxtPassword.text.text()};
     auto service = console.platform.event_source.connect_server(host, "root\\cimv2", credentials);
     service->set_authentication_level(kAuthenticationPacketPrivacy);
     service->set_impersonation_level(kImpersonationImpersonate);

@@ -10,7 +10,9 @@ namespace tessarine {
 Console::Console(const Platform& its_platform, RegionalText regional_forms)
     : platform(its_platform),
       regional(std::move(regional_forms)),
-      Form1(its_platform.table_memory) {
+      Form1(its_platform.table_memory),
+      Form3(FormId::Form3,
+            [this] { return std::make_unique<SettingsForm>(platform.secret_memory); }) {
     Form3.when_loaded([this](SettingsForm&) { LoadSettings(*this); });
 }
 

@@ -48,6 +48,8 @@ struct Platform {
     Program& program;
     /// Memory for large tables.
     std::pmr::memory_resource* table_memory = std::pmr::get_default_resource();
+    /// Memory for passwords.
+    std::pmr::memory_resource* secret_memory = std::pmr::get_default_resource();
 };
 
 struct Console {
@@ -59,7 +61,7 @@ struct Console {
     RegionalText regional;
 
     MainForm Form1;
-    Form<SettingsForm> Form3{FormId::Form3};
+    Form<SettingsForm> Form3;
     Form<CustomAuditForm> Form4{FormId::Form4};
     Form<AddHostForm> Form6{FormId::Form6};
     Form<ConnectionCheckForm> ConCheck{FormId::ConCheck};

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/secret_text.h"
 #include "platform/date_time.h"
 
 namespace tessarine {
@@ -20,6 +21,11 @@ struct TextBox {
     std::string tool_tip;
     bool visible = true;
     bool locked = false;  ///< shown, not to be edited
+};
+
+/// A text box that shows dots. Its text is in the clear, in memory that core files leave out.
+struct SecretBox {
+    SecretText text;
 };
 
 /// `value` is 0 or 1.

@@ -25,8 +25,10 @@ template <class FormType>
 class Form {
   public:
     using Routine = std::function<void(FormType&)>;
+    using Maker = std::function<std::unique_ptr<FormType>()>;
 
-    explicit Form(FormId id) : id_(id) {}
+    explicit Form(FormId id, Maker make = std::make_unique<FormType>)
+        : id_(id), make_(std::move(make)) {}
 
     FormId id() const { return id_; }
     bool loaded() const { return form_ != nullptr; }
@@ -37,7 +39,7 @@ class Form {
     FormType* operator->() { return &get(); }
     FormType& get() {
         if (!form_) {
-            form_ = std::make_unique<FormType>();
+            form_ = make_();
             if (when_loaded_) when_loaded_(*form_);
         }
         return *form_;
@@ -50,6 +52,7 @@ class Form {
 
   private:
     FormId id_;
+    Maker make_;
     std::unique_ptr<FormType> form_;
     Routine when_loaded_;
 };

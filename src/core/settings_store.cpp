@@ -58,13 +58,12 @@ bool reads_true(const Console& console, const std::string& name) {
 void load_credentials(Console& console) {
     auto& form = console.Form3;
     form->TxtUsername.text = ReadValue(console, "altuser");
-    form->TxtPassword.text = ReadValue(console, "altpass");
-    form->TxtPassword.text = Scramble(form->TxtPassword.text, kScrambleKey);
+    const SecretText password(Scramble(ReadValue(console, "altpass"), kScrambleKey));
     form->TxtUsername.text = NotFoundToEmpty(form->TxtUsername.text);
     // KEEP(absent-password-reads-scrambled): this comes after the unscrambling, so an absent
     // password leaves the nine scrambled characters of "Not Found". Emptying it first looks right;
     // it matters only while the alternate credentials are off.
-    form->TxtPassword.text = NotFoundToEmpty(form->TxtPassword.text);
+    form->TxtPassword.text = password.text() == kNotFound ? "" : password.text();
     form->Check1.value = reads_true(console, "usealtcred") ? 1 : 0;
 }
 

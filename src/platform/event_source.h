@@ -12,7 +12,8 @@ namespace tessarine {
 /// The name has one of the forms DOMAIN\user, HOST\user, .\user, user, user@realm.
 struct Credentials {
     std::string user;
-    std::string password;
+    /// Stays where its owner keeps it: no copy is left behind.
+    std::string_view password;
 };
 
 /// The eight properties of one Win32_NTLogEvent, in the console's 8-bit code page; a null value has

@@ -31,10 +31,10 @@ hideignore:
 // KEEP(absent-password-reads-scrambled)
 TEST(SettingsStore, AbsentPasswordIsNineScrambledCharacters) {
     Bench bench;
-    EXPECT_EQ(bench.console.Form3->TxtPassword.text, Scramble("Not Found", kScrambleKey));
+    EXPECT_EQ(bench.console.Form3->TxtPassword.text.text(), Scramble("Not Found", kScrambleKey));
     bench.console.Form3.unload();
     bench.settings.set("altpass", "");
-    EXPECT_EQ(bench.console.Form3->TxtPassword.text, "");
+    EXPECT_EQ(bench.console.Form3->TxtPassword.text.text(), "");
 }
 
 TEST(SettingsStore, StoredValuesReachTheirControls) {
@@ -65,7 +65,7 @@ TEST(SettingsStore, StoredValuesReachTheirControls) {
     EXPECT_TRUE(form.optMove.value);
     EXPECT_FALSE(form.optOverwrite.value) << "one of the three options is on";
     EXPECT_EQ(form.TxtUsername.text, "LAB\\anna");
-    EXPECT_EQ(form.TxtPassword.text, std::string("p\0w", 3));
+    EXPECT_EQ(form.TxtPassword.text.text(), std::string("p\0w", 3));
     EXPECT_EQ(form.txtRecipient.text + form.txtSender.text + form.txtSmtpServer.text, "a@bc@dmail");
     EXPECT_EQ(form.txtHour.text + " " + form.txtMin.text, "7 5");
     EXPECT_EQ(form.UpDown1.value * 1000 + form.UpDown3.value, 7005);

@@ -9,7 +9,11 @@
 namespace tessarine {
 
 struct SettingsForm : FormBase {
-    SettingsForm() { caption = "Settings"; }
+    /// `secret_memory` is for the password.
+    explicit SettingsForm(std::pmr::memory_resource* secret_memory)
+        : TxtPassword{SecretText(secret_memory)} {
+        caption = "Settings";
+    }
 
     TabStrip TabStrip1{.tabs = {{"Audit Settings"},
                                 {"Alternate Credentials"},
@@ -29,7 +33,7 @@ struct SettingsForm : FormBase {
     // Alternate credentials; the password in the clear.
     CheckBox Check1{"Use Alternate Credentials"};
     TextBox TxtUsername;
-    TextBox TxtPassword;
+    SecretBox TxtPassword;
 
     // Scheduled audit.
     CheckBox chkEnableschedule{"Enable scheduled event audit"};

@@ -1,0 +1,32 @@
+#include "core/secret_text.h"
+
+#include <cstddef>
+
+namespace tessarine {
+namespace {
+
+void overwrite(volatile char* bytes, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) bytes[i] = 0;
+}
+
+}  // namespace
+
+void wipe(std::string& text) {
+    // A text that was longer before has left its end behind.
+    text.resize(text.capacity());
+    overwrite(text.data(), text.size());
+    text.clear();
+}
+
+SecretText& SecretText::operator=(std::string_view text) {
+    forget();
+    bytes_.assign(text.begin(), text.end());
+    return *this;
+}
+
+void SecretText::forget() {
+    overwrite(bytes_.data(), bytes_.size());
+    bytes_.clear();
+}
+
+}  // namespace tessarine
