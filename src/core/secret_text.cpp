@@ -20,7 +20,9 @@ void wipe(std::string& text) {
 
 SecretText& SecretText::operator=(std::string_view text) {
     forget();
-    bytes_.assign(text.begin(), text.end());
+    // At once, so that the memory is taken once.
+    bytes_.resize(text.size() + 1);
+    text.copy(bytes_.data(), text.size());
     return *this;
 }
 

@@ -27,8 +27,11 @@ class SecretText {
 
     SecretText& operator=(std::string_view text);
 
-    /// Valid until the text changes.
-    std::string_view text() const { return {bytes_.data(), bytes_.size()}; }
+    /// Valid until the text changes. A NUL follows it, for callees that measure it themselves.
+    std::string_view text() const {
+        return bytes_.empty() ? std::string_view("")
+                              : std::string_view(bytes_.data(), bytes_.size() - 1);
+    }
 
   private:
     void forget();
