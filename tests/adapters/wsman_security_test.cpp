@@ -127,8 +127,10 @@ TEST(Negotiation, SaysWhatIsMissing) {
         }
     };
     EXPECT_EQ(failure(Credentials{"user", ""}), "The alternate user has no password");
-    EXPECT_EQ(failure(std::nullopt),
-              "The running user has no network credentials here: give an alternate user");
+    EXPECT_EQ(
+        failure(std::nullopt),
+        "A ticket is of no use for a host that is given by its address: use its name, or give "
+        "an alternate user");
     // The system's own user counts, also where an alternate user is asked for without a name.
     const Acceptor with_system_user;
     EXPECT_EQ(failure(std::nullopt), "no failure");

@@ -12,4 +12,9 @@ namespace tessarine {
     throw RuntimeError(ErrorNumber::Failed, description);
 }
 
+/// Nothing listens at the port: the connection was refused.
+struct PortClosed : RuntimeError {
+    using RuntimeError::RuntimeError;
+};
+
 }  // namespace tessarine

@@ -10,6 +10,7 @@
 
 #include "adapters/wsman/failure.h"
 #include "adapters/wsman/limits.h"
+#include "adapters/wsman/tls_error.h"
 
 namespace tessarine {
 namespace {
@@ -50,13 +51,14 @@ class Attachment {
 
 }  // namespace
 
-HttpConnection::HttpConnection(const HostAddress& address)
-    : port_(address.port),
+HttpConnection::HttpConnection(const HostAddress& address, const std::string& authorities)
+    : address_(address),
       last_call_(std::chrono::steady_clock::now()),
       easy_(curl_easy_init()),
       multi_(curl_multi_init()) {
     if (easy_ == nullptr || multi_ == nullptr) throw std::bad_alloc();
-    set_fixed_options(address.url());
+    set_fixed_options();
+    if (address.protection == Protection::Tls) set_tls_options(authorities);
 }
 
 HttpConnection::~HttpConnection() {
@@ -64,9 +66,10 @@ HttpConnection::~HttpConnection() {
     curl_multi_cleanup(multi_);
 }
 
-void HttpConnection::set_fixed_options(const std::string& url) {
-    curl_easy_setopt(easy_, CURLOPT_URL, url.c_str());
-    curl_easy_setopt(easy_, CURLOPT_PROTOCOLS_STR, "http");
+void HttpConnection::set_fixed_options() {
+    const bool tls = address_.protection == Protection::Tls;
+    curl_easy_setopt(easy_, CURLOPT_URL, address_.url().c_str());
+    curl_easy_setopt(easy_, CURLOPT_PROTOCOLS_STR, tls ? "https" : "http");
     curl_easy_setopt(easy_, CURLOPT_HTTP_VERSION, CURL_HTTP_VERSION_1_1);
     curl_easy_setopt(easy_, CURLOPT_PROXY, "");
     curl_easy_setopt(easy_, CURLOPT_NOSIGNAL, 1L);
@@ -83,6 +86,15 @@ void HttpConnection::set_fixed_options(const std::string& url) {
     curl_easy_setopt(easy_, CURLOPT_OPENSOCKETDATA, this);
 }
 
+// Verification of the certificate and of its name are libcurl's defaults, and stay.
+void HttpConnection::set_tls_options(const std::string& authorities) {
+    curl_easy_setopt(easy_, CURLOPT_SSLVERSION, CURL_SSLVERSION_TLSv1_2);
+    curl_easy_setopt(easy_, CURLOPT_CERTINFO, 1L);
+    if (authorities.empty()) return;
+    curl_easy_setopt(easy_, CURLOPT_CAINFO, authorities.c_str());
+    curl_easy_setopt(easy_, CURLOPT_CAPATH, nullptr);
+}
+
 const HttpAnswer& HttpConnection::post(const std::vector<std::string>& headers,
                                        std::string_view body, HttpPatience patience,
                                        const std::function<void()>& while_waiting) {
@@ -95,7 +107,7 @@ const HttpAnswer& HttpConnection::post(const std::vector<std::string>& headers,
     answer_.clear();
     header_bytes_ = 0;
     const CURLcode code = run(while_waiting);
-    if (code != CURLE_OK) raise_failure(failure_text(code));
+    if (code != CURLE_OK) fail(code);
     answered_ = true;
     curl_easy_getinfo(easy_, CURLINFO_RESPONSE_CODE, &answer_.status);
     return answer_;
@@ -125,26 +137,58 @@ void HttpConnection::call_now_and_then(const std::function<void()>& while_waitin
     while_waiting();
 }
 
+void HttpConnection::fail(CURLcode code) const {
+    if (code != CURLE_COULDNT_CONNECT || answered_) raise_failure(failure_text(code));
+    long number = 0;
+    curl_easy_getinfo(easy_, CURLINFO_OS_ERRNO, &number);
+    const std::string text = connect_failure_text(static_cast<int>(number));
+    if (number == ECONNREFUSED) throw PortClosed(ErrorNumber::Failed, text);
+    raise_failure(text);
+}
+
 std::string HttpConnection::failure_text(CURLcode code) const {
     if (too_large_) return "The host's answer is too large";
     if (code == CURLE_COULDNT_RESOLVE_HOST) return "The host's name is unknown";
     if (code == CURLE_OPERATION_TIMEDOUT) return "The host doesn't answer (timed out)";
-    if (code == CURLE_COULDNT_CONNECT && !answered_) return connect_failure_text();
+    if (code == CURLE_PEER_FAILED_VERIFICATION || code == CURLE_SSL_CONNECT_ERROR ||
+        code == CURLE_SSL_CACERT_BADFILE)
+        return tls_failure_text(code);
     if (answered_ || code == CURLE_SEND_ERROR || code == CURLE_RECV_ERROR ||
         code == CURLE_GOT_NOTHING || code == CURLE_PARTIAL_FILE)
         return "The connection to the host is lost";
     if (code == CURLE_UNSUPPORTED_PROTOCOL || code == CURLE_WEIRD_SERVER_REPLY)
-        return "What answers on port " + std::to_string(port_) + " of the host doesn't speak HTTP";
+        return "What answers on port " + std::to_string(address_.port) +
+               " of the host doesn't speak HTTP";
     return std::string("The connection to the host failed: ") + curl_easy_strerror(code);
 }
 
-std::string HttpConnection::connect_failure_text() const {
-    long number = 0;
-    curl_easy_getinfo(easy_, CURLINFO_OS_ERRNO, &number);
+std::string HttpConnection::connect_failure_text(int number) const {
     if (number == ECONNREFUSED)
-        return "Port " + std::to_string(port_) + " of the host is closed (connection refused)";
-    const std::string why = std::generic_category().message(static_cast<int>(number));
-    return "The host can't be reached: " + why;
+        return "Port " + std::to_string(address_.port) +
+               " of the host is closed (connection refused)";
+    return "The host can't be reached: " + std::generic_category().message(number);
+}
+
+std::string HttpConnection::tls_failure_text(CURLcode code) const {
+    if (code == CURLE_SSL_CACERT_BADFILE)
+        return "This machine has no list of certificate authorities: install ca-certificates";
+    if (code == CURLE_SSL_CONNECT_ERROR)
+        return "What answers on port " + std::to_string(address_.port) +
+               " of the host doesn't speak TLS 1.2 or later";
+    long result = 0;
+    curl_easy_getinfo(easy_, CURLINFO_SSL_VERIFYRESULT, &result);
+    return certificate_failure_text(result);
+}
+
+std::string HttpConnection::server_certificate() const {
+    constexpr std::string_view kField = "Cert:";
+    curl_certinfo* chain = nullptr;
+    curl_easy_getinfo(easy_, CURLINFO_CERTINFO, &chain);
+    if (chain == nullptr || chain->num_of_certs == 0) return "";
+    for (const curl_slist* line = chain->certinfo[0]; line != nullptr; line = line->next)
+        if (std::string_view(line->data).substr(0, kField.size()) == kField)
+            return line->data + kField.size();
+    return "";
 }
 
 std::size_t HttpConnection::on_header(char* bytes, std::size_t size, std::size_t count,

@@ -22,8 +22,10 @@ struct HttpPatience {
 
 class HttpConnection {
   public:
-    /// Connects with the first post.
-    explicit HttpConnection(const HostAddress& address);
+    /// Connects with the first post, over TLS where the address says so: version 1.2 or later, and
+    /// with a certificate for the host's name from one of the system's authorities, or from those
+    /// in the file `authorities` (PEM) where that is not empty.
+    explicit HttpConnection(const HostAddress& address, const std::string& authorities = {});
     ~HttpConnection();
     HttpConnection(const HttpConnection&) = delete;
     HttpConnection& operator=(const HttpConnection&) = delete;
@@ -35,13 +37,20 @@ class HttpConnection {
     const HttpAnswer& post(const std::vector<std::string>& headers, std::string_view body,
                            HttpPatience patience, const std::function<void()>& while_waiting);
 
+    /// The certificate (PEM) that the host showed in its TLS handshake; holds after a post until
+    /// the next one.
+    std::string server_certificate() const;
+
   private:
-    void set_fixed_options(const std::string& url);
+    void set_fixed_options();
+    void set_tls_options(const std::string& authorities);
     CURLcode run(const std::function<void()>& while_waiting);
     CURLcode finished_code();
     void call_now_and_then(const std::function<void()>& while_waiting);
     std::string failure_text(CURLcode code) const;
-    std::string connect_failure_text() const;
+    [[noreturn]] void fail(CURLcode code) const;
+    std::string connect_failure_text(int number) const;
+    std::string tls_failure_text(CURLcode code) const;
 
     // libcurl's callbacks; `connection` is this object.
     static std::size_t on_header(char* bytes, std::size_t size, std::size_t count,
@@ -50,7 +59,7 @@ class HttpConnection {
     static curl_socket_t on_open_socket(void* connection, curlsocktype purpose,
                                         curl_sockaddr* address);
 
-    int port_;
+    HostAddress address_;
     std::chrono::steady_clock::time_point last_call_;
     CURL* easy_;
     CURLM* multi_;

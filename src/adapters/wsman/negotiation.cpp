@@ -2,50 +2,37 @@
 
 #include <gssapi/gssapi_ext.h>
 
-#include <array>
+#include <algorithm>
+#include <utility>
 
 #include "adapters/wsman/failure.h"
 #include "adapters/wsman/gss_error.h"
-#include "adapters/wsman/secret_text.h"
+#include "adapters/wsman/host_address.h"
+#include "adapters/wsman/kerberos_error.h"
+#include "adapters/wsman/mechanisms.h"
 #include "core/code_page.h"
+#include "core/secret_text.h"
 
 namespace tessarine {
 namespace {
 
+// No delegation: the host may act as the user, but not towards others.
 constexpr OM_uint32 kAskedFlags = GSS_C_MUTUAL_FLAG | GSS_C_REPLAY_FLAG | GSS_C_SEQUENCE_FLAG |
                                   GSS_C_INTEG_FLAG | GSS_C_CONF_FLAG;
 
-// An object identifier in its encoded form, with room to be pointed at.
-template <std::size_t size>
-struct Mechanism {
-    std::array<unsigned char, size> bytes;
-    gss_OID_desc oid{size, bytes.data()};
-    gss_OID_set_desc alone{1, &oid};
-
-    explicit Mechanism(const std::array<unsigned char, size>& encoded) : bytes(encoded) {}
-    Mechanism(const Mechanism&) = delete;
-    Mechanism& operator=(const Mechanism&) = delete;
-};
-
-// 1.3.6.1.5.5.2
-struct Spnego : Mechanism<6> {
-    Spnego() : Mechanism({0x2B, 0x06, 0x01, 0x05, 0x05, 0x02}) {}
-};
-
-// 1.3.6.1.4.1.311.2.2.10
-struct Ntlm : Mechanism<10> {
-    Ntlm() : Mechanism({0x2B, 0x06, 0x01, 0x04, 0x01, 0x82, 0x37, 0x02, 0x02, 0x0A}) {}
-};
-
 // NTLM is a plug-in that nothing links; without this look its absence says "unsupported mechanism".
-void require_ntlm_plugin() {
+bool ntlm_is_there() {
     OM_uint32 minor = 0;
     int present = 0;
     GssOidSet mechanisms;
     Ntlm ntlm;
     gss_indicate_mechs(&minor, mechanisms.address());
     gss_test_oid_set_member(&minor, &ntlm.oid, mechanisms.get(), &present);
-    if (present == 0)
+    return present != 0;
+}
+
+void require_ntlm() {
+    if (!ntlm_is_there())
         raise_failure("No NTLM plugin for GSSAPI on this machine: install gss-ntlmssp");
 }
 
@@ -61,67 +48,129 @@ std::string_view without_own_host(std::string_view user) {
     return user.substr(0, 2) == ".\\" ? user.substr(2) : user;
 }
 
-}  // namespace
-
-Negotiation::Negotiation(const std::string& host, const std::optional<Credentials>& credentials) {
-    require_ntlm_plugin();
-    import_name("HTTP@" + host, GSS_C_NT_HOSTBASED_SERVICE, target_);
-    if (credentials && !credentials->user.empty())
-        acquire_for(*credentials);
-    else
-        acquire_own();
-    allow_only_ntlm();
+// user@realm as Kerberos spells it; empty for a name of another form.
+std::string principal_of(const std::string& user) {
+    const std::size_t at = user.rfind('@');
+    if (at == 0 || at == std::string::npos || at + 1 == user.size()) return "";
+    std::string principal = user;
+    std::transform(principal.begin() + static_cast<std::ptrdiff_t>(at), principal.end(),
+                   principal.begin() + static_cast<std::ptrdiff_t>(at),
+                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; });
+    return principal;
 }
 
-void Negotiation::acquire_for(const Credentials& credentials) {
+OM_uint32 acquire_with_password(OM_uint32* minor, const GssName& user, gss_buffer_desc& password,
+                                gss_OID_set mechanisms, GssCredential& credential) {
+    return gss_acquire_cred_with_password(minor, user.get(), &password, GSS_C_INDEFINITE,
+                                          mechanisms, GSS_C_INITIATE, credential.address(), nullptr,
+                                          nullptr);
+}
+
+}  // namespace
+
+Negotiation::Negotiation(const std::string& host, const std::optional<Credentials>& credentials,
+                         std::string channel)
+    : channel_(std::move(channel)) {
+    import_name("HTTP@" + host, GSS_C_NT_HOSTBASED_SERVICE, target_);
+    if (credentials && !credentials->user.empty())
+        acquire_for(*credentials, !is_ip_address(host));
+    else
+        acquire_own(!is_ip_address(host));
+}
+
+void Negotiation::acquire_for(const Credentials& credentials, bool host_has_name) {
     if (credentials.password.empty()) raise_failure("The alternate user has no password");
-    GssName user;
-    import_name(to_utf8(without_own_host(credentials.user)), GSS_C_NT_USER_NAME, user);
+    const std::string name(to_utf8(without_own_host(credentials.user)));
     const SecretText password(to_utf8(credentials.password));
     gss_buffer_desc secret = gss_input(password.text());
+    const std::string principal = host_has_name ? principal_of(name) : "";
+    spnego_ = !principal.empty() && kerberos_knows(principal, secret);
+    if (!spnego_) require_ntlm();
+    GssName user;
+    import_name(spnego_ ? principal : name, GSS_C_NT_USER_NAME, user);
     Spnego spnego;
+    Ntlm ntlm;
     OM_uint32 minor = 0;
-    const OM_uint32 major =
-        gss_acquire_cred_with_password(&minor, user.get(), &secret, GSS_C_INDEFINITE, &spnego.alone,
-                                       GSS_C_INITIATE, credential_.address(), nullptr, nullptr);
+    const OM_uint32 major = acquire_with_password(
+        &minor, user, secret, spnego_ ? &spnego.alone : &ntlm.alone, credential_);
     if (GSS_ERROR(major))
         raise_failure("The alternate user's credentials can't be used: " +
                       gss_error_text(major, minor));
 }
 
-void Negotiation::acquire_own() {
-    Spnego spnego;
+// Asks the domain for the user's ticket.
+bool Negotiation::kerberos_knows(const std::string& user, gss_buffer_desc& password) {
+    GssName name;
+    import_name(user, GSS_C_NT_USER_NAME, name);
+    Kerberos kerberos;
+    GssCredential credential;
     OM_uint32 minor = 0;
-    const OM_uint32 major =
-        gss_acquire_cred(&minor, GSS_C_NO_NAME, GSS_C_INDEFINITE, &spnego.alone, GSS_C_INITIATE,
-                         credential_.address(), nullptr, nullptr);
-    if (GSS_ERROR(major))
-        raise_failure("The running user has no network credentials here: give an alternate user");
+    OM_uint32 lifetime = 0;
+    OM_uint32 major = acquire_with_password(&minor, name, password, &kerberos.alone, credential);
+    if (!GSS_ERROR(major))
+        major = gss_inquire_cred(&minor, credential.get(), nullptr, &lifetime, nullptr, nullptr);
+    if (!GSS_ERROR(major)) return true;
+    KerberosError error = kerberos_error(major, minor);
+    if (error.failure == KerberosFailure::Final) raise_failure(error.text);
+    why_no_kerberos_ = std::move(error.text);
+    return false;
 }
 
-void Negotiation::allow_only_ntlm() {
+void Negotiation::acquire_own(bool host_has_name) {
+    spnego_ = host_has_name && has_ticket();
+    Spnego spnego;
     Ntlm ntlm;
     OM_uint32 minor = 0;
-    const OM_uint32 major = gss_set_neg_mechs(&minor, credential_.get(), &ntlm.alone);
-    if (GSS_ERROR(major)) raise_failure("NTLM can't be used: " + gss_error_text(major, minor));
+    const OM_uint32 major = gss_acquire_cred(&minor, GSS_C_NO_NAME, GSS_C_INDEFINITE,
+                                             spnego_ ? &spnego.alone : &ntlm.alone, GSS_C_INITIATE,
+                                             credential_.address(), nullptr, nullptr);
+    if (!GSS_ERROR(major)) return;
+    if (spnego_)
+        raise_failure("The running user's ticket can't be used: " + gss_error_text(major, minor));
+    raise_failure(host_has_name ? why_no_kerberos_
+                                : "A ticket is of no use for a host that is given by its address: "
+                                  "use its name, or give an alternate user");
+}
+
+bool Negotiation::has_ticket() {
+    Kerberos kerberos;
+    GssCredential credential;
+    OM_uint32 minor = 0;
+    OM_uint32 lifetime = 0;
+    OM_uint32 major = gss_acquire_cred(&minor, GSS_C_NO_NAME, GSS_C_INDEFINITE, &kerberos.alone,
+                                       GSS_C_INITIATE, credential.address(), nullptr, nullptr);
+    if (!GSS_ERROR(major))
+        major = gss_inquire_cred(&minor, credential.get(), nullptr, &lifetime, nullptr, nullptr);
+    if (!GSS_ERROR(major) && lifetime > 0) return true;
+    if (!GSS_ERROR(major)) major = GSS_S_CREDENTIALS_EXPIRED;
+    why_no_kerberos_ = kerberos_error(major, minor).text;
+    return false;
 }
 
 std::string Negotiation::next_token(std::string_view token) {
     Spnego spnego;
+    Ntlm ntlm;
     OM_uint32 minor = 0;
     OM_uint32 flags = 0;
     gss_buffer_desc input = gss_input(token);
+    gss_channel_bindings_struct bindings{};
+    bindings.application_data = gss_input(channel_);
     GssBuffer output;
     const OM_uint32 major =
         gss_init_sec_context(&minor, credential_.get(), context_.address(), target_.get(),
-                             &spnego.oid, kAskedFlags, GSS_C_INDEFINITE, GSS_C_NO_CHANNEL_BINDINGS,
-                             &input, nullptr, output.address(), &flags, nullptr);
-    if (GSS_ERROR(major)) raise_failure("The sign-in failed: " + gss_error_text(major, minor));
-    complete_ = (major & GSS_S_CONTINUE_NEEDED) == 0;
-    if (complete_ && (flags & GSS_C_CONF_FLAG) == 0)
-        raise_failure("The host refuses to encrypt: the sign-in is given up");
-    if (complete_) credential_.reset();
+                             spnego_ ? &spnego.oid : &ntlm.oid, kAskedFlags, GSS_C_INDEFINITE,
+                             channel_.empty() ? GSS_C_NO_CHANNEL_BINDINGS : &bindings, &input,
+                             nullptr, output.address(), &flags, nullptr);
+    if (GSS_ERROR(major)) raise_failure(kerberos_error(major, minor).text);
+    if ((major & GSS_S_CONTINUE_NEEDED) == 0) finish(flags);
     return output.text();
+}
+
+void Negotiation::finish(OM_uint32 flags) {
+    if ((flags & GSS_C_CONF_FLAG) == 0)
+        raise_failure("The host refuses to encrypt: the sign-in is given up");
+    complete_ = true;
+    credential_.reset();
 }
 
 }  // namespace tessarine

@@ -4,6 +4,7 @@
 
 #include "adapters/wsman/ascii.h"
 #include "adapters/wsman/base64.h"
+#include "adapters/wsman/channel_binding.h"
 #include "adapters/wsman/failure.h"
 #include "adapters/wsman/limits.h"
 
@@ -15,6 +16,8 @@ constexpr long kUnauthorized = 401;
 constexpr long kNotFound = 404;
 constexpr long kServerError = 500;
 
+constexpr std::string_view kSoapContentType = "application/soap+xml;charset=UTF-8";
+
 // What libcurl would add by itself and what hosts would do unasked: no interim answers, no
 // compression.
 std::vector<std::string> with_common_headers(std::vector<std::string> headers) {
@@ -24,14 +27,18 @@ std::vector<std::string> with_common_headers(std::vector<std::string> headers) {
 }
 
 [[noreturn]] void fail_for_status(long status) {
-    if (status == kUnauthorized) raise_failure("The host refused the credentials");
     if (status == kNotFound) raise_failure("The host has no WS-Management service at this address");
     raise_failure("The host answered with HTTP status " + std::to_string(status));
 }
 
-bool is_encrypted(const HttpAnswer& answer) {
-    constexpr std::string_view kType = "multipart/encrypted";
-    return same_ascii_text(std::string_view(answer.content_type).substr(0, kType.size()), kType);
+[[noreturn]] void fail_for_refusal(const Negotiation& negotiation) {
+    const std::string& note = negotiation.why_no_kerberos();
+    raise_failure("The host refused the credentials" +
+                  (note.empty() ? "" : " (of Kerberos: " + note + ")"));
+}
+
+bool is_of_type(const HttpAnswer& answer, std::string_view type) {
+    return same_ascii_text(std::string_view(answer.content_type).substr(0, type.size()), type);
 }
 
 }  // namespace
@@ -39,32 +46,43 @@ bool is_encrypted(const HttpAnswer& answer) {
 SealedChannel::SealedChannel(const HostAddress& address,
                              const std::optional<Credentials>& credentials,
                              std::chrono::seconds operation_timeout,
-                             std::function<void()> while_waiting, PartHeaderIndent indent)
-    : url_(address.url()),
-      connection_(address),
-      negotiation_(address.host, credentials),
+                             std::function<void()> while_waiting, PartHeaderIndent indent,
+                             const std::string& authorities)
+    : address_(address),
+      connection_(address, authorities),
+      credentials_(credentials),
       while_waiting_(std::move(while_waiting)),
       patience_{operation_timeout + limits::kSilenceAfterTimeout, limits::kWholeExchange},
       indent_(indent) {}
 
 void SealedChannel::open() {
-    const HttpAnswer* answer = &post_token(negotiation_.next_token({}));
+    const std::string binding = channel_binding();
+    negotiation_.emplace(address_.host, std::exchange(credentials_, std::nullopt), binding);
+    const HttpAnswer* answer = &post_token(negotiation_->next_token({}));
     if (answer->status == kUnauthorized && !answer->negotiate_token())
         raise_failure("The host offers no integrated sign-in (Negotiate)");
     for (int leg = 1; answer->status == kUnauthorized; ++leg) {
         const std::string token = answer->negotiate_token().value_or("");
-        if (token.empty() || leg == limits::kSignInLegs) fail_for_status(answer->status);
-        answer = &post_token(negotiation_.next_token(token));
+        if (token.empty() || leg == limits::kSignInLegs || negotiation_->is_complete())
+            fail_for_refusal(*negotiation_);
+        answer = &post_token(negotiation_->next_token(token));
     }
     if (answer->status != kOk) fail_for_status(answer->status);
     finish_sign_in(answer->negotiate_token().value_or(""));
 }
 
+// The connection to a TLS host is made, and the host known, before anything of the user goes there.
+std::string SealedChannel::channel_binding() {
+    if (address_.protection != Protection::Tls) return "";
+    connection_.post(with_common_headers({"Content-Type:"}), {}, patience_, while_waiting_);
+    return server_end_point_binding(connection_.server_certificate());
+}
+
 // The last answer may carry a last token.
 void SealedChannel::finish_sign_in(const std::string& token) {
-    if (!negotiation_.is_complete() && !token.empty()) negotiation_.next_token(token);
-    if (!negotiation_.is_complete()) raise_failure("The host ended the sign-in too early");
-    seal_.emplace(negotiation_.context());
+    if (!negotiation_->is_complete() && !token.empty()) negotiation_->next_token(token);
+    if (!negotiation_->is_complete()) raise_failure("The host ended the sign-in too early");
+    if (address_.protection == Protection::Seal) seal_.emplace(negotiation_->context());
     usable_ = true;
 }
 
@@ -87,10 +105,11 @@ std::string SealedChannel::exchange(std::string_view soap, HttpPatience patience
     // Usable again only once the answer was opened: after a failure the two sides' seals no longer
     // stand at the same place.
     if (!std::exchange(usable_, false)) raise_failure("The connection to the host is lost");
-    const std::string body = encrypt_message(*seal_, soap, indent_);
-    std::string plain = open_answer(connection_.post(
-        with_common_headers({"Content-Type: " + std::string(kEncryptedContentType)}), body,
-        patience, while_waiting));
+    const bool tls = address_.protection == Protection::Tls;
+    const std::string body = tls ? std::string(soap) : encrypt_message(*seal_, soap, indent_);
+    const std::string type(tls ? kSoapContentType : kEncryptedContentType);
+    std::string plain = open_answer(connection_.post(with_common_headers({"Content-Type: " + type}),
+                                                     body, patience, while_waiting));
     usable_ = true;
     return plain;
 }
@@ -98,9 +117,12 @@ std::string SealedChannel::exchange(std::string_view soap, HttpPatience patience
 std::string SealedChannel::open_answer(const HttpAnswer& answer) {
     if (answer.status == kUnauthorized)
         raise_failure("The host asks for a new sign-in in mid-session");
-    if (is_encrypted(answer)) return decrypt_message(*seal_, answer.body);
+    if (seal_ && is_of_type(answer, "multipart/encrypted"))
+        return decrypt_message(*seal_, answer.body);
     if (answer.status != kOk && answer.status != kServerError) fail_for_status(answer.status);
-    raise_failure("The host's answer is not encrypted (HTTP status " +
+    if (!seal_ && is_of_type(answer, "application/soap+xml")) return answer.body;
+    raise_failure((seal_ ? "The host's answer is not encrypted (HTTP status "
+                         : "The host's answer is no SOAP message (HTTP status ") +
                   std::to_string(answer.status) + ")");
 }
 

@@ -1,5 +1,6 @@
-// SOAP messages to one host, each under the seal of the user's sign-in (MS-WSMV, "Message
-// Encryption"): one at a time, because the seals of a direction follow each other.
+// SOAP messages to one host that nobody else can read: each under the seal of the user's sign-in
+// (MS-WSMV, "Message Encryption"), or all of them in TLS. One at a time, because the seals of a
+// direction follow each other.
 #pragma once
 
 #include <chrono>
@@ -24,9 +25,10 @@ class SealedChannel final : public SoapChannel {
     /// where there is one, is called several times a second during each wait.
     SealedChannel(const HostAddress& address, const std::optional<Credentials>& credentials,
                   std::chrono::seconds operation_timeout, std::function<void()> while_waiting,
-                  PartHeaderIndent indent);
+                  PartHeaderIndent indent, const std::string& authorities = {});
 
-    /// Connects and signs in. Raises a RuntimeError that says why that is not possible.
+    /// Connects and signs in. Raises a RuntimeError that says why that is not possible, a
+    /// PortClosed where nothing listens.
     void open();
 
     /// Raises a RuntimeError also for an answer without a seal; every exchange after an error does.
@@ -36,19 +38,21 @@ class SealedChannel final : public SoapChannel {
     void send_parting(std::string_view soap) override;
 
     bool is_usable() const override { return usable_; }
-    const std::string& url() const { return url_; }
+    std::string url() const { return address_.url(); }
 
   private:
     void finish_sign_in(const std::string& token);
     const HttpAnswer& post_token(const std::string& token);
+    std::string channel_binding();
     std::string exchange(std::string_view soap, HttpPatience patience,
                          const std::function<void()>& while_waiting);
     std::string open_answer(const HttpAnswer& answer);
 
-    std::string url_;
+    HostAddress address_;
     HttpConnection connection_;
-    Negotiation negotiation_;
-    std::optional<SecuritySeal> seal_;
+    std::optional<Credentials> credentials_;  // until the sign-in
+    std::optional<Negotiation> negotiation_;
+    std::optional<SecuritySeal> seal_;  // not with TLS
     std::function<void()> while_waiting_;
     HttpPatience patience_;
     PartHeaderIndent indent_;

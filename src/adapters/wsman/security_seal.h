@@ -10,19 +10,23 @@
 
 namespace tessarine {
 
-/// Seals with an NTLM context (MS-NLMP, "Session Security Details"), alone or under SPNEGO. A
-/// Kerberos context needs the calls that take the header apart from the data, gss_wrap_iov and
-/// gss_unwrap_iov: Windows can't read what gss_wrap makes of it.
+/// Seals with an NTLM context (MS-NLMP, "Session Security Details") or a Kerberos context (RFC
+/// 4121), alone or under SPNEGO.
 class SecuritySeal final : public MessageSeal {
   public:
-    /// `context` stays the caller's and outlives the seal.
-    explicit SecuritySeal(gss_ctx_id_t context) : context_(context) {}
+    /// `context` stays the caller's and outlives the seal. Raises a RuntimeError when it is not
+    /// established.
+    explicit SecuritySeal(gss_ctx_id_t context);
 
     SealedMessage seal(std::string_view plain) override;
     std::string unseal(std::string_view token, std::size_t header_length) override;
 
   private:
+    SealedMessage seal_with_kerberos(std::string_view plain);
+    std::string unseal_with_kerberos(std::string_view token, std::size_t header_length);
+
     gss_ctx_id_t context_;
+    bool kerberos_;
 };
 
 }  // namespace tessarine

@@ -11,14 +11,11 @@ namespace {
 
 class WsmanEventService final : public EventService {
   public:
-    WsmanEventService(const HostAddress& address, const std::string& name_space,
-                      const std::optional<Credentials>& credentials, const WsmanOptions& options)
-        : channel_(address, credentials, options.operation_timeout, options.while_waiting,
-                   options.part_header_indent),
-          requests_(channel_.url(), name_space, options.operation_timeout),
-          temporary_folder_(options.temporary_folder) {
-        channel_.open();
-    }
+    WsmanEventService(std::unique_ptr<SealedChannel> channel, const std::string& name_space,
+                      const WsmanOptions& options)
+        : channel_(std::move(channel)),
+          requests_(channel_->url(), name_space, options.operation_timeout),
+          temporary_folder_(options.temporary_folder) {}
 
     // Every message is sealed anyway, and a host never gets the user's right to act elsewhere.
     void set_authentication_level(int level) override {
@@ -30,7 +27,7 @@ class WsmanEventService final : public EventService {
     }
 
     std::unique_ptr<EventResult> exec_query(const std::string& query) override {
-        return std::make_unique<WsmanEventResult>(channel_, requests_, query, temporary_folder_);
+        return std::make_unique<WsmanEventResult>(*channel_, requests_, query, temporary_folder_);
     }
 
   private:
@@ -38,18 +35,46 @@ class WsmanEventService final : public EventService {
         raise_failure("The " + kind + " level " + std::to_string(level) + " can't be kept");
     }
 
-    SealedChannel channel_;
+    std::unique_ptr<SealedChannel> channel_;
     SoapRequests requests_;
     std::string temporary_folder_;
 };
+
+std::unique_ptr<SealedChannel> open_channel(const HostAddress& address,
+                                            const std::optional<Credentials>& credentials,
+                                            const WsmanOptions& options) {
+    auto channel = std::make_unique<SealedChannel>(address, credentials, options.operation_timeout,
+                                                   options.while_waiting,
+                                                   options.part_header_indent, options.authorities);
+    channel->open();
+    return channel;
+}
+
+// TLS only where nothing else listens: the seal protects as well, and needs no certificates.
+std::unique_ptr<SealedChannel> open_one_of_the_ports(const std::string& host,
+                                                     const std::optional<Credentials>& credentials,
+                                                     const WsmanOptions& options) {
+    try {
+        return open_channel(make_host_address(host, options.port), credentials, options);
+    } catch (const PortClosed&) {
+        try {
+            return open_channel(make_host_address(host, options.tls_port, Protection::Tls),
+                                credentials, options);
+        } catch (const PortClosed&) {
+            raise_failure("Ports " + std::to_string(options.port) + " and " +
+                          std::to_string(options.tls_port) +
+                          " of the host are closed (connection refused)");
+        }
+    }
+}
 
 }  // namespace
 
 std::unique_ptr<EventService> WsmanEventSource::connect_server(
     const std::string& host, const std::string& name_space,
     const std::optional<Credentials>& credentials) {
-    return std::make_unique<WsmanEventService>(make_host_address(host, options_.port), name_space,
-                                               credentials, options_);
+    return std::make_unique<WsmanEventService>(open_one_of_the_ports(host, credentials, options_),
+                                               name_space, options_);
 }
 
 }  // namespace tessarine

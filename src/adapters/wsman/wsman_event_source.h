@@ -1,4 +1,4 @@
-// The event source over WS-Management (DSP0226 and MS-WSMV), HTTP with message encryption.
+// The event source over WS-Management (DSP0226 and MS-WSMV): HTTP with message encryption, or TLS.
 #pragma once
 
 #include <chrono>
@@ -15,6 +15,10 @@ namespace tessarine {
 
 struct WsmanOptions {
     int port = 5985;
+    /// For TLS, where nothing listens at `port`.
+    int tls_port = 5986;
+    /// A file of certificates (PEM) that are trusted instead of the system's authorities.
+    std::string authorities;
     /// What a host may take for one request. A host that is silent for little longer is given up.
     std::chrono::seconds operation_timeout{50};
     /// For the records between the two walks; empty means $TMPDIR, or /tmp.
@@ -26,8 +30,8 @@ struct WsmanOptions {
     PartHeaderIndent part_header_indent = PartHeaderIndent::Tab;
 };
 
-/// Signs in with NTLM. Every message is encrypted. A query is asked once, and one after the other:
-/// the records of its first walk are kept in a temporary file for the next ones.
+/// Signs in with Kerberos or NTLM. Every message is encrypted. A query is asked once, and one after
+/// the other: the records of its first walk are kept in a temporary file for the next ones.
 class WsmanEventSource final : public EventSource {
   public:
     explicit WsmanEventSource(WsmanOptions options) : options_(std::move(options)) {}
