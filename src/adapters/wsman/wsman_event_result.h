@@ -5,14 +5,15 @@
 
 #include "adapters/wsman/enumeration.h"
 #include "adapters/wsman/event_spool.h"
+#include "adapters/wsman/item_reader.h"
 #include "platform/event_source.h"
 
 namespace tessarine {
 
 class WsmanEventResult final : public EventResult {
   public:
-    /// Sends the query. `channel` outlives the result; `temporary_folder` as TemporaryFile takes
-    /// it.
+    /// Sends the query. `channel` outlives the result; `temporary_folder` as
+    /// TemporaryFile takes it.
     WsmanEventResult(SoapChannel& channel, const SoapRequests& requests, const std::string& query,
                      const std::string& temporary_folder);
 
@@ -26,6 +27,7 @@ class WsmanEventResult final : public EventResult {
     EventSpool spool_;
     Enumeration enumeration_;
     std::string records_;  // Of one answer; kept for its memory.
+    ItemReader items_;
 };
 
 }  // namespace tessarine
