@@ -41,7 +41,7 @@ struct Read {
 
 Read read(const std::string& body) {
     Read result;
-    ItemReader items = event_items(result.records);
+    ItemReader items = event_items(result.records, HostClock());
     result.answer = read_soap_answer(envelope(body), items);
     return result;
 }
@@ -150,7 +150,7 @@ TEST(SoapAnswer, IsRefusedWhenAHostOverdoesIt) {
 
 TEST(SoapAnswer, MayHaveNoDocumentType) {
     std::string records;
-    ItemReader items = event_items(records);
+    ItemReader items = event_items(records, HostClock());
     try {
         read_soap_answer("<!DOCTYPE a [<!ENTITY b \"c\">]><a>&b;</a>", items);
         FAIL();

@@ -23,21 +23,20 @@ constexpr auto kNames = [] {
     return names;
 }();
 
-// The wire has UTC, and the record shows that.
-std::string shown_time(std::string_view text) {
+std::string shown_time(std::string_view text, const HostClock& clock) {
     const auto instant = parse_cim_datetime(trimmed(text));
     if (!instant)
         raise_failure("The host sent a time that can't be read: \"" +
                       std::string(text.substr(0, 40)) + "\"");
-    return dmtf_text(*instant, std::chrono::minutes(0));
+    return dmtf_text(*instant, clock.offset_at(*instant));
 }
 
 }  // namespace
 
-ItemReader event_items(std::string& records) {
-    return {kNames, [&records](std::span<ItemValue> values) {
+ItemReader event_items(std::string& records, HostClock clock) {
+    return {kNames, [&records, clock](std::span<ItemValue> values) {
                 ItemValue& time = values[kTimeGenerated];
-                if (time.present) time.text = shown_time(time.text);
+                if (time.present) time.text = shown_time(time.text, clock);
                 EventProperties event;
                 for (std::size_t i = 0; i < kEventFields.size(); ++i)
                     if (values[i].present) event.*kEventFields[i].property = values[i].text;

@@ -5,8 +5,11 @@
 namespace tessarine {
 
 WsmanEventResult::WsmanEventResult(SoapChannel& channel, const SoapRequests& requests,
-                                   const std::string& query, const std::string& temporary_folder)
-    : spool_(temporary_folder), enumeration_(channel, requests), items_(event_items(records_)) {
+                                   const HostClock& clock, const std::string& query,
+                                   const std::string& temporary_folder)
+    : spool_(temporary_folder),
+      enumeration_(channel, requests),
+      items_(event_items(records_, clock)) {
     enumeration_.start(query, items_);
     spool_.append(records_);
 }
