@@ -102,6 +102,18 @@ TEST(HostClock, KeepsAnAbsoluteDateToItsYear) {
                     testing::EndsWith("+060"));
 }
 
+TEST(HostClock, CountsYearsByTheHostsOwnCalendar) {
+    TimeZone sydney{
+        .bias = minutes(600), .daylight_bias = minutes(-60), .to_standard = {}, .to_daylight = {}};
+    sydney.to_standard = {.year = 2010, .month = 4, .day = 4, .hour = 3};
+    sydney.to_daylight = {.year = 2010, .month = 10, .day = 3, .hour = 2};
+    const HostClock clock = *HostClock::of(sydney);
+    EXPECT_EQ(shown(clock, "2009-12-31T13:59:59Z"), "20091231235959.000000+600");
+    EXPECT_EQ(shown(clock, "2009-12-31T14:00:00Z"), "20100101010000.000000+660");
+    EXPECT_EQ(shown(clock, "2010-12-31T13:59:59Z"), "20110101005959.000000+660");
+    EXPECT_EQ(shown(clock, "2010-12-31T14:00:00Z"), "20110101000000.000000+600");
+}
+
 TEST(HostClock, IsNoneForAZoneThatCantBe) {
     using Spoil = void (*)(TimeZone&);
     const Spoil spoils[] = {
