@@ -61,6 +61,12 @@ void Connection::write(std::string_view bytes) {
     }
 }
 
+void Connection::pause(std::chrono::milliseconds duration) const {
+    if (wait_for_either(socket_.get(), POLLRDHUP, stop_descriptor_,
+                        static_cast<int>(duration.count())) != Waited::TimedOut)
+        throw ConnectionEnded("stopped or left");
+}
+
 ConnectionServer::ConnectionServer(const std::string& address, std::uint16_t port, Handler handler)
     : handler_(std::move(handler)),
       listener_(bind_socket(address, port)),

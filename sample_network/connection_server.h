@@ -32,6 +32,9 @@ class Connection {
     std::size_t read_some(std::span<char> buffer, std::chrono::milliseconds patience);
     void write(std::string_view bytes);
 
+    /// Raises ConnectionEnded also when the client leaves meanwhile.
+    void pause(std::chrono::milliseconds duration) const;
+
   private:
     void wait_for(short events, std::chrono::milliseconds patience) const;
 

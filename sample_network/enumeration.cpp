@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "sample_network/item_text.h"
+#include "sample_network/soap_fault.h"
 
 namespace tessarine::sample {
 namespace {

@@ -7,6 +7,7 @@
 #include "adapters/system/freed_memory.h"
 #include "sample_network/command.h"
 #include "sample_network/desk.h"
+#include "sample_network/fault_hosts.h"
 #include "sample_network/options.h"
 #include "sample_network/private_network.h"
 #include "sample_network/sample_network.h"
@@ -26,6 +27,8 @@ std::vector<SampleHost> hosts_for(const Options& options) {
     std::vector<SampleHost> hosts = options.events.empty()
                                         ? built_in_hosts(newest, options.large_count)
                                         : hosts_from_files(options.events);
+    if (options.faulty) add_faulty_hosts(hosts, newest);
+    for (const std::string& fault : options.faults) plan_fault(hosts, fault);
     return options.only.empty() ? hosts : only_hosts(hosts, options.only);
 }
 
@@ -108,6 +111,10 @@ int main(int count, char** values) try {
     const auto options = tessarine::sample::parse_options(arguments);
     if (options.help) {
         std::cout << tessarine::sample::kHelp;
+        return EXIT_SUCCESS;
+    }
+    if (options.list_faults) {
+        std::cout << tessarine::sample::fault_list();
         return EXIT_SUCCESS;
     }
     return tessarine::sample::run(options, arguments);

@@ -17,6 +17,9 @@ reached over TCP, as with ssh -X, is out of COMMAND's reach.
   --big N                  records of the large host (default: 100000)
   --events DIR             play the hosts of the files DIR/hosts/HOST.jsonl instead
   --only NAME,...          only these hosts
+  --fault HOST=FAULT[:N]   HOST has that fault; may be given several times
+  --faulty                 one host more for each fault, called FAULT-...
+  --list-faults            all faults, one a line, with what N is by default
   --desk DIR               prepare DIR as application directory of the console: host
                            list, alert list, and settings with the sample user; what
                            is there already stays
@@ -95,6 +98,8 @@ void read_value(Options& options, const std::string& option, const std::string& 
         options.events = value;
     } else if (option == "--only") {
         options.only = names_in(value);
+    } else if (option == "--fault") {
+        options.faults.push_back(value);
     } else if (option == "--desk") {
         options.desk = value;
     } else if (option == "--network") {
@@ -121,6 +126,10 @@ Options parse_options(const std::vector<std::string>& arguments) {
             options.quiet = true;
         else if (argument == "--shell")
             options.shell = true;
+        else if (argument == "--faulty")
+            options.faulty = true;
+        else if (argument == "--list-faults")
+            options.list_faults = true;
         else if (argument == "--")
             options.command = reader.take_rest();
         else

@@ -20,12 +20,15 @@ struct Options {
     bool help = false;
     bool quiet = false;
     bool shell = false;
+    bool list_faults = false;
+    bool faulty = false;
     NetworkChoice network = NetworkChoice::Any;
     std::optional<std::chrono::sys_days> today;
     std::uint32_t large_count = 100'000;
     std::filesystem::path events;
     std::filesystem::path desk;
     std::vector<std::string> only;
+    std::vector<std::string> faults;
     std::optional<std::uint16_t> loopback_port;
     std::vector<std::string> command;
 };

@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "sample_network/event_files.h"
+#include "sample_network/fault_hosts.h"
 
 namespace tessarine::sample {
 namespace {
@@ -51,7 +52,7 @@ HistoryPlan plan_for(const std::string& host, std::vector<LogShare> logs, Instan
     return plan;
 }
 
-SampleHost english_host(const std::string& name, const char* description,
+SampleHost english_host(const std::string& name, const std::string& description,
                         std::vector<LogShare> logs, Instant newest) {
     SampleHost host;
     host.name = name;
@@ -72,9 +73,12 @@ SampleHost german_host(Instant newest) {
     return host;
 }
 
-void give_addresses(std::vector<SampleHost>& hosts) {
-    for (std::size_t i = 0; i < hosts.size(); ++i)
-        hosts[i].address = "127.0.0." + std::to_string(kFirstAddress + i);
+SampleHost faulty_host(const std::string& name, std::uint32_t count, std::string_view fault,
+                       Instant newest) {
+    const Fault& planned = *find_fault(fault);
+    SampleHost host = usual_host(name, std::string(planned.description), count, newest);
+    plan_fault(host, planned);
+    return host;
 }
 
 bool same_name(const std::string& left, const std::string& right) {
@@ -98,36 +102,48 @@ SampleHost host_from_file(const std::filesystem::path& path) {
 
 std::vector<SampleHost> built_in_hosts(Instant newest, std::uint32_t large_count) {
     std::vector<SampleHost> hosts;
-    hosts.push_back(
-        english_host("FILESRV01", "an English server", usual_logs(kUsualCount), newest));
+    hosts.push_back(usual_host("FILESRV01", "an English server", kUsualCount, newest));
     hosts.push_back(german_host(newest));
     hosts.push_back(english_host("KIOSK07", "without any record", {}, newest));
     hosts.back().time_zone = zone_without_summer_time("Tokyo Standard Time", 540);
     hosts.push_back(english_host("WEBSRV02", "an empty Security log",
                                  {{LogName::Application, 400}, {LogName::System, 600}}, newest));
     hosts.back().time_zone = australian_zone("AUS Eastern Standard Time", 600);
-    hosts.push_back(english_host("LOGSRV01", "a large server", usual_logs(large_count), newest));
+    hosts.push_back(usual_host("LOGSRV01", "a large server", large_count, newest));
     hosts.back().time_zone = zone_without_summer_time("India Standard Time", 330);
     hosts.push_back(english_host("PRINTSRV01", "port 135 answers, 5985 is closed", {}, newest));
     hosts.back().state = HostState::PortMapperOnly;
     hosts.push_back(english_host("NOTEBOOK23", "down", {}, newest));
     hosts.back().state = HostState::Down;
-    hosts.push_back(english_host("VAULT01", "denies access", usual_logs(200), newest));
-    hosts.back().faults.at_enumerate = FaultKind::AccessDenied;
+    hosts.push_back(faulty_host("VAULT01", 200, "denied", newest));
     hosts.push_back(
         english_host("BRANCH09", "keeps its time zone to itself", usual_logs(300), newest));
     hosts.back().time_zone.reset();
+    hosts.push_back(faulty_host("OLDSRV01", 2000, "old-limits", newest));
+    hosts.push_back(faulty_host("BRANCH03", 500, "slow", newest));
     give_addresses(hosts);
     return hosts;
+}
+
+SampleHost usual_host(const std::string& name, const std::string& description, std::uint32_t count,
+                      Instant newest) {
+    return english_host(name, description, usual_logs(count), newest);
+}
+
+void give_addresses(std::vector<SampleHost>& hosts) {
+    if (hosts.size() > kMostHosts)
+        throw std::runtime_error("There can't be more than " + std::to_string(kMostHosts) +
+                                 " hosts");
+    for (std::size_t i = 0; i < hosts.size(); ++i)
+        hosts[i].address = "127.0.0." + std::to_string(kFirstAddress + i);
 }
 
 std::vector<SampleHost> hosts_from_files(const std::filesystem::path& folder) {
     std::vector<std::filesystem::path> files;
     for (const auto& entry : std::filesystem::directory_iterator(folder / "hosts"))
         if (entry.path().extension() == ".jsonl") files.push_back(entry.path());
-    if (files.empty() || files.size() > kMostHosts)
-        throw std::runtime_error("There must be 1 to " + std::to_string(kMostHosts) +
-                                 " files *.jsonl in " + (folder / "hosts").string());
+    if (files.empty())
+        throw std::runtime_error("There are no files *.jsonl in " + (folder / "hosts").string());
     std::sort(files.begin(), files.end());
     std::vector<SampleHost> hosts;
     std::transform(files.begin(), files.end(), std::back_inserter(hosts), host_from_file);
@@ -135,16 +151,18 @@ std::vector<SampleHost> hosts_from_files(const std::filesystem::path& folder) {
     return hosts;
 }
 
-std::vector<SampleHost> only_hosts(const std::vector<SampleHost>& hosts,
+SampleHost& host_called(std::vector<SampleHost>& hosts, const std::string& name) {
+    const auto found = std::find_if(hosts.begin(), hosts.end(), [&](const SampleHost& host) {
+        return same_name(host.name, name);
+    });
+    if (found == hosts.end()) throw std::runtime_error("There is no sample host " + name);
+    return *found;
+}
+
+std::vector<SampleHost> only_hosts(std::vector<SampleHost> hosts,
                                    const std::vector<std::string>& names) {
     std::vector<SampleHost> chosen;
-    for (const std::string& name : names) {
-        const auto found = std::find_if(hosts.begin(), hosts.end(), [&](const SampleHost& host) {
-            return same_name(host.name, name);
-        });
-        if (found == hosts.end()) throw std::runtime_error("There is no sample host " + name);
-        chosen.push_back(*found);
-    }
+    for (const std::string& name : names) chosen.push_back(host_called(hosts, name));
     return chosen;
 }
 

@@ -1,14 +1,16 @@
 // The hosts of the sample network: who they are, what they answer, and how they fail.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "sample_network/generated_events.h"
+#include "sample_network/moment.h"
 #include "sample_network/sample_event.h"
-#include "sample_network/soap_fault.h"
 
 namespace tessarine::sample {
 
@@ -34,9 +36,22 @@ struct TimeZone {
 /// Which of the ports answer. A host that is down swallows what is sent to it.
 enum class HostState { Running, PortMapperOnly, Down };
 
-/// What goes wrong at a host, beyond its state.
-struct Faults {
-    std::optional<FaultKind> at_enumerate;
+/// What a host puts into one answer at most: UTF-16 units of an envelope, counted twice, and items,
+/// the first answer having an own limit.
+struct HostLimits {
+    std::size_t envelope = 512'000;
+    std::size_t elements = 32'000;
+    // Since 2008 hosts begin with one item, whatever the client would take.
+    std::size_t first_elements = 1;
+};
+
+struct Fault;
+
+/// What goes wrong at a host; `pull` and `wait` are the fault's own or chosen otherwise.
+struct PlannedFault {
+    const Fault* fault = nullptr;
+    int pull = 0;
+    std::chrono::milliseconds wait{0};
 };
 
 struct SampleHost {
@@ -44,10 +59,13 @@ struct SampleHost {
     std::string description;
     std::string address;
     HostState state = HostState::Running;
-    Faults faults;
+    HostLimits limits;
+    std::optional<PlannedFault> fault;
     /// None: the host denies access to it.
     std::optional<TimeZone> time_zone = TimeZone{};
     EventHistory history;
+    /// Told of each step, from the threads of the connections.
+    std::function<void(Moment)> on_step;
 };
 
 /// The built-in hosts, their newest records at `newest`; the large one has `large_count` records.
@@ -57,8 +75,18 @@ std::vector<SampleHost> built_in_hosts(Instant newest, std::uint32_t large_count
 /// there is none, too many, or one that can't be read.
 std::vector<SampleHost> hosts_from_files(const std::filesystem::path& folder);
 
+/// An English host with `count` records in the usual proportions, and no address yet.
+SampleHost usual_host(const std::string& name, const std::string& description, std::uint32_t count,
+                      Instant newest);
+
+/// Gives each host an address of its own, by its place in the list.
+void give_addresses(std::vector<SampleHost>& hosts);
+
+/// The one of that name, in any case. Raises a std::runtime_error for an unknown name.
+SampleHost& host_called(std::vector<SampleHost>& hosts, const std::string& name);
+
 /// Those of `hosts` that `names` has, in any case. Raises a std::runtime_error for an unknown name.
-std::vector<SampleHost> only_hosts(const std::vector<SampleHost>& hosts,
+std::vector<SampleHost> only_hosts(std::vector<SampleHost> hosts,
                                    const std::vector<std::string>& names);
 
 /// The text of a hosts file (hosts(5)) that gives each host its address.

@@ -11,6 +11,8 @@ FaultText fault_text(FaultKind kind) {
         case FaultKind::UnknownContext:
             return {2150858779, "n:InvalidEnumerationContext",
                     "The enumeration context is not valid: it has ended or never was."};
+        case FaultKind::TimedOut:
+            return {2150858793, "w:TimedOut", "The operation has timed out."};
         case FaultKind::ItemTooLarge:
             return {2150858824, "w:EncodingLimit", "An item is larger than the envelope may be."};
         case FaultKind::PullDiffers:

@@ -9,6 +9,7 @@ enum class FaultKind {
     AccessDenied,
     QueryNotUnderstood,
     UnknownContext,
+    TimedOut,
     ItemTooLarge,
     PullDiffers,
     TooManyEnumerations,

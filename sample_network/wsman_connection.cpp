@@ -18,6 +18,8 @@ class WsmanConnection {
   public:
     explicit WsmanConnection(const SampleHost& host) : session_(host) {}
 
+    FaultInjector& faults() { return session_.faults(); }
+
     HttpAnswer answer(const HttpRequest& request) {
         if (strcasecmp(request.path.c_str(), "/wsman") != 0) return {404, {}, {}, {}};
         if (request.method != "POST") return {405, {}, {}, {}};
@@ -30,6 +32,7 @@ class WsmanConnection {
 
   private:
     HttpAnswer authenticate(const std::string& authorization) {
+        faults().begin(Moment::SignIn);
         const auto [handshake, token] = acceptor_.accept(authorization);
         const std::string challenge =
             token.empty() ? "Negotiate" : "Negotiate " + encode_base64(token);
@@ -40,7 +43,9 @@ class WsmanConnection {
     HttpAnswer answer_sealed(const std::string& body) try {
         SecuritySeal seal(acceptor_.context());
         const SoapAnswer soap = session_.answer(decrypt_message(seal, body));
-        return {soap.status, {}, kEncryptedContentType, encrypt_message(seal, soap.text)};
+        HttpAnswer answer{soap.status, {}, kEncryptedContentType, encrypt_message(seal, soap.text)};
+        faults().change_sealed(soap.text, answer);
+        return answer;
     } catch (const RuntimeError&) {
         return {400, {}, {}, {}};
     }
@@ -54,7 +59,13 @@ class WsmanConnection {
 void serve_wsman(Connection& connection, const SampleHost& host) {
     HttpReader reader(connection);
     WsmanConnection service(host);
-    while (true) connection.write(http_text(service.answer(reader.read())));
+    service.faults().begin(Moment::Connect);
+    service.faults().write(connection, "");
+    while (true) {
+        std::string text = http_text(service.answer(reader.read()));
+        service.faults().change_http(text);
+        service.faults().write(connection, text);
+    }
 }
 
 }  // namespace tessarine::sample

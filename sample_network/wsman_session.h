@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "sample_network/enumeration.h"
+#include "sample_network/fault_injector.h"
 #include "sample_network/sample_host.h"
 #include "sample_network/soap_request.h"
 
@@ -20,10 +21,13 @@ struct SoapAnswer {
 class WsmanSession {
   public:
     /// `host` outlives the session.
-    explicit WsmanSession(const SampleHost& host) : host_(host) {}
+    explicit WsmanSession(const SampleHost& host) : host_(host), faults_(host) {}
 
     /// Answers one message of DSP0226; whatever is wrong with it is answered by a fault.
     SoapAnswer answer(std::string_view request_text);
+
+    /// What else the host's fault does to the connection.
+    FaultInjector& faults() { return faults_; }
 
   private:
     struct OpenEnumeration {
@@ -33,6 +37,8 @@ class WsmanSession {
     using Enumerations = std::map<std::string, OpenEnumeration, std::less<>>;
 
     SoapAnswer answer(const SoapRequest& request);
+    std::string answer_text(const SoapRequest& request);
+    void fail_as_planned();
     std::string enumerate(const SoapRequest& request);
     std::string pull(const SoapRequest& request);
     std::string release(const SoapRequest& request);
@@ -40,6 +46,7 @@ class WsmanSession {
     Enumerations::iterator find(const SoapRequest& request);
 
     const SampleHost& host_;
+    FaultInjector faults_;
     Enumerations enumerations_;
 };
 

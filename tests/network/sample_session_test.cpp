@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "sample_network/event_files.h"
+#include "sample_network/fault_hosts.h"
 #include "sample_network/item_text.h"
 #include "sample_network/soap_text.h"
 #include "sample_network/wsman_session.h"
@@ -149,13 +150,55 @@ TEST(SampleSession, TellsItsTimeZone) {
     EXPECT_EQ(fault_code(ask()), "5");
 }
 
-TEST(SampleSession, DeniesAccessWhereTheHostDoes) {
-    SampleHost host = host_with(1);
-    host.faults.at_enumerate = FaultKind::AccessDenied;
-    const SoapAnswer answer = WsmanSession(host).answer(enumerate_message(kAllEvents));
-    EXPECT_EQ(fault_code(answer), "5");
-    EXPECT_THAT(answer.text, HasSubstr("<s:Value>w:AccessDenied</s:Value>"));
-    EXPECT_THAT(answer.text, HasSubstr("Machine=\"PC1\""));
+TEST(SampleSession, KeepsToTheLimitsOfAnOldHost) {
+    SampleHost host = host_with(60, std::string(30'000, 'x'));
+    plan_fault(host, *find_fault("old-limits"));
+    WsmanSession session(host);
+    const std::string first = session.answer(enumerate_message(kAllEvents)).text;
+    const std::string second = session.answer(pull_message(context_in(first))).text;
+    EXPECT_EQ(values_in(second, "RecordNumber").size(), 20u);
+
+    SampleHost wide = host_with(1, std::string(80'000, 'x'));
+    EXPECT_EQ(fault_code(WsmanSession(wide).answer(enumerate_message(kAllEvents))), "none");
+    plan_fault(wide, *find_fault("old-limits"));
+    EXPECT_EQ(fault_code(WsmanSession(wide).answer(enumerate_message(kAllEvents))), "2150858824");
+}
+
+TEST(SampleSession, AnswersAllAtOnceInTwoNamespaces) {
+    SampleHost host = host_with(40);
+    plan_fault(host, *find_fault("all-at-once"));
+    const std::string text = WsmanSession(host).answer(enumerate_message(kAllEvents)).text;
+    EXPECT_EQ(context_in(text), "");
+    for (const auto& [prefix, count] : {std::pair{"w", 1u}, std::pair{"n", 39u}}) {
+        const std::string p = prefix;
+        const auto items = texts_between(text, "<" + p + ":Items>", "</" + p + ":Items>");
+        ASSERT_EQ(items.size(), 1u);
+        EXPECT_EQ(values_in(items.front(), "RecordNumber").size(), count);
+    }
+}
+
+TEST(SampleFaults, ArePlannedByName) {
+    std::vector<SampleHost> hosts = built_in_hosts({}, 20);
+    plan_fault(hosts, "filesrv01=drop:3");
+    EXPECT_EQ(hosts[0].fault->fault->name, "drop");
+    EXPECT_EQ(hosts[0].fault->pull, 3);
+    plan_fault(hosts, "FILESRV01=slow:20");
+    EXPECT_EQ(hosts[0].fault->wait, std::chrono::milliseconds(20));
+    EXPECT_EQ(hosts[0].fault->pull, 1);
+    for (const char* text :
+         {"", "FILESRV01", "FILESRV01:drop=1", "FILESRV01=", "FILESRV01=Drop", "NOBODY=drop",
+          "FILESRV01=drop:", "FILESRV01=drop:x", "FILESRV01=drop:-1", "FILESRV01=drop:1x"})
+        EXPECT_THROW(plan_fault(hosts, text), std::runtime_error) << text;
+}
+
+TEST(SampleFaults, HaveAHostEach) {
+    std::vector<SampleHost> hosts = built_in_hosts({}, 20);
+    const std::size_t before = hosts.size();
+    add_faulty_hosts(hosts, {});
+    EXPECT_EQ(hosts.size(), before + all_faults().size());
+    EXPECT_EQ(host_called(hosts, "FAULT-DROP").fault->fault->name, "drop");
+    EXPECT_EQ(hosts.back().address, "127.0.0." + std::to_string(hosts.size() + 10));
+    EXPECT_THAT(fault_list(), HasSubstr("\ndrop:2                 drops the connection"));
 }
 
 TEST(SampleItems, CountInUtf16) {
