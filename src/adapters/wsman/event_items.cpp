@@ -9,6 +9,7 @@
 #include "adapters/wsman/cim_datetime.h"
 #include "adapters/wsman/event_records.h"
 #include "adapters/wsman/failure.h"
+#include "adapters/wsman/host_words.h"
 
 namespace tessarine {
 namespace {
@@ -27,7 +28,7 @@ std::string shown_time(std::string_view text, const HostClock& clock) {
     const auto instant = parse_cim_datetime(trimmed(text));
     if (!instant)
         raise_failure("The host sent a time that can't be read: \"" +
-                      std::string(text.substr(0, 40)) + "\"");
+                      host_words(text).substr(0, 40) + "\"");
     return dmtf_text(*instant, clock.offset_at(*instant));
 }
 

@@ -5,6 +5,7 @@
 
 #include "adapters/wsman/ascii.h"
 #include "adapters/wsman/failure.h"
+#include "adapters/wsman/host_words.h"
 #include "adapters/wsman/limits.h"
 #include "adapters/wsman/xml_names.h"
 #include "adapters/wsman/xml_reader.h"
@@ -74,20 +75,6 @@ Place place_of(Place parent, XmlName name) {
         if (step.parent == parent && step.local == name.local && step.name_space == name.name_space)
             return step.place;
     return Place::Other;
-}
-
-// In one line, without white space in a row.
-std::string flattened(std::string_view utf8) {
-    const std::string text = from_utf8(utf8);
-    std::string line;
-    for (const char c : trimmed(text)) {
-        const bool space = c == ' ' || (c >= '\t' && c <= '\r');
-        if (!space)
-            line += c;
-        else if (!line.empty() && line.back() != ' ')
-            line += ' ';
-    }
-    return line.substr(0, limits::kFaultText);
 }
 
 class AnswerReader final : public XmlHandler {
@@ -167,9 +154,9 @@ SoapAnswer AnswerReader::finish() {
     answer_.relates_to = trimmed(answer_.relates_to);
     answer_.context = trimmed(answer_.context);
     if (!is_fault_) return std::move(answer_);
-    fault_.code = trimmed(fault_.code.substr(fault_.code.find(':') + 1));
-    fault_.text = flattened(message_);
-    if (fault_.text.empty()) fault_.text = flattened(reason_);
+    fault_.code = host_words(from_utf8(fault_.code.substr(fault_.code.find(':') + 1)));
+    fault_.text = host_words(from_utf8(message_));
+    if (fault_.text.empty()) fault_.text = host_words(from_utf8(reason_));
     answer_.fault = std::move(fault_);
     return std::move(answer_);
 }
