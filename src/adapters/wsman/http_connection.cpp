@@ -106,20 +106,24 @@ const HttpAnswer& HttpConnection::post(const std::vector<std::string>& headers,
     curl_easy_setopt(easy_, CURLOPT_TIMEOUT, static_cast<long>(patience.whole.count()));
     answer_.clear();
     header_bytes_ = 0;
-    const CURLcode code = run(while_waiting);
+    last_word_ = std::chrono::steady_clock::now();
+    const CURLcode code = run(patience, while_waiting);
     if (code != CURLE_OK) fail(code);
     answered_ = true;
     curl_easy_getinfo(easy_, CURLINFO_RESPONSE_CODE, &answer_.status);
     return answer_;
 }
 
-CURLcode HttpConnection::run(const std::function<void()>& while_waiting) {
+// libcurl finds out about slow hosts, but only some seconds late about silent ones.
+CURLcode HttpConnection::run(HttpPatience patience, const std::function<void()>& while_waiting) {
     const Attachment attachment(multi_, easy_);
     for (int running = 1; running != 0; call_now_and_then(while_waiting)) {
         CURLMcode code = curl_multi_perform(multi_, &running);
         if (code == CURLM_OK && running != 0)
             code = curl_multi_poll(multi_, nullptr, 0, kPollMilliseconds, nullptr);
         if (code != CURLM_OK) raise_failure(curl_multi_strerror(code));
+        if (std::chrono::steady_clock::now() - last_word_ > patience.silence)
+            return CURLE_OPERATION_TIMEDOUT;
     }
     return finished_code();
 }
@@ -147,18 +151,19 @@ void HttpConnection::fail(CURLcode code) const {
 }
 
 std::string HttpConnection::failure_text(CURLcode code) const {
-    if (too_large_) return "The host's answer is too large";
+    // libcurl has no memory for a header line of more than 100 KB.
+    if (too_large_ || code == CURLE_OUT_OF_MEMORY) return "The host's answer is too large";
     if (code == CURLE_COULDNT_RESOLVE_HOST) return "The host's name is unknown";
     if (code == CURLE_OPERATION_TIMEDOUT) return "The host doesn't answer (timed out)";
     if (code == CURLE_PEER_FAILED_VERIFICATION || code == CURLE_SSL_CONNECT_ERROR ||
         code == CURLE_SSL_CACERT_BADFILE)
         return tls_failure_text(code);
-    if (answered_ || code == CURLE_SEND_ERROR || code == CURLE_RECV_ERROR ||
-        code == CURLE_GOT_NOTHING || code == CURLE_PARTIAL_FILE)
-        return "The connection to the host is lost";
     if (code == CURLE_UNSUPPORTED_PROTOCOL || code == CURLE_WEIRD_SERVER_REPLY)
         return "What answers on port " + std::to_string(address_.port) +
                " of the host doesn't speak HTTP";
+    if (answered_ || code == CURLE_SEND_ERROR || code == CURLE_RECV_ERROR ||
+        code == CURLE_GOT_NOTHING || code == CURLE_PARTIAL_FILE)
+        return "The connection to the host is lost";
     return std::string("The connection to the host failed: ") + curl_easy_strerror(code);
 }
 
@@ -194,6 +199,7 @@ std::string HttpConnection::server_certificate() const {
 std::size_t HttpConnection::on_header(char* bytes, std::size_t size, std::size_t count,
                                       void* connection) {
     auto& self = *static_cast<HttpConnection*>(connection);
+    self.last_word_ = std::chrono::steady_clock::now();
     self.header_bytes_ += size * count;
     self.too_large_ = self.header_bytes_ > limits::kAnswerHeaders;
     if (self.too_large_) return 0;
@@ -204,6 +210,7 @@ std::size_t HttpConnection::on_header(char* bytes, std::size_t size, std::size_t
 std::size_t HttpConnection::on_body(char* bytes, std::size_t size, std::size_t count,
                                     void* connection) {
     auto& self = *static_cast<HttpConnection*>(connection);
+    self.last_word_ = std::chrono::steady_clock::now();
     self.too_large_ = self.answer_.body.size() + size * count > limits::kAnswerBody;
     if (self.too_large_) return 0;
     self.answer_.body.append(bytes, size * count);

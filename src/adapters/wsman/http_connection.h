@@ -44,7 +44,7 @@ class HttpConnection {
   private:
     void set_fixed_options();
     void set_tls_options(const std::string& authorities);
-    CURLcode run(const std::function<void()>& while_waiting);
+    CURLcode run(HttpPatience patience, const std::function<void()>& while_waiting);
     CURLcode finished_code();
     void call_now_and_then(const std::function<void()>& while_waiting);
     std::string failure_text(CURLcode code) const;
@@ -61,6 +61,7 @@ class HttpConnection {
 
     HostAddress address_;
     std::chrono::steady_clock::time_point last_call_;
+    std::chrono::steady_clock::time_point last_word_;  // of the host
     CURL* easy_;
     CURLM* multi_;
     HttpAnswer answer_;
