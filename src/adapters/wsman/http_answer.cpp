@@ -31,6 +31,7 @@ std::optional<std::string_view> token_in(std::string_view element) {
 void HttpAnswer::clear() {
     status = 0;
     content_type.clear();
+    content_encoding.clear();
     challenges.clear();
     body.clear();
 }
@@ -40,6 +41,8 @@ void HttpAnswer::take_header(std::string_view line) {
         clear();
     else if (const auto type = value_of(line, "Content-Type"))
         content_type = *type;
+    else if (const auto encoding = value_of(line, "Content-Encoding"))
+        content_encoding = *encoding;
     else if (const auto challenge = value_of(line, "WWW-Authenticate"))
         challenges.emplace_back(*challenge);
 }

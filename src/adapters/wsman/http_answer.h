@@ -11,6 +11,8 @@ namespace tessarine {
 struct HttpAnswer {
     long status = 0;
     std::string content_type;
+    /// Empty when the body is what it is.
+    std::string content_encoding;
     /// The values of all WWW-Authenticate lines, in order.
     std::vector<std::string> challenges;
     std::string body;

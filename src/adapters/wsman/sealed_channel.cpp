@@ -12,9 +12,12 @@ namespace tessarine {
 namespace {
 
 constexpr long kOk = 200;
+constexpr long kFirstRedirection = 300;
+constexpr long kLastRedirection = 399;
 constexpr long kUnauthorized = 401;
 constexpr long kNotFound = 404;
 constexpr long kServerError = 500;
+constexpr long kUnavailable = 503;
 
 constexpr std::string_view kSoapContentType = "application/soap+xml;charset=UTF-8";
 
@@ -27,7 +30,11 @@ std::vector<std::string> with_common_headers(std::vector<std::string> headers) {
 }
 
 [[noreturn]] void fail_for_status(long status) {
+    const std::string number = " (HTTP status " + std::to_string(status) + ")";
     if (status == kNotFound) raise_failure("The host has no WS-Management service at this address");
+    if (status == kUnavailable) raise_failure("The host's service is busy or stopped" + number);
+    if (status >= kFirstRedirection && status <= kLastRedirection)
+        raise_failure("The host refers to another address, which is not followed" + number);
     raise_failure("The host answered with HTTP status " + std::to_string(status));
 }
 
@@ -89,7 +96,7 @@ void SealedChannel::finish_sign_in(const std::string& token) {
 const HttpAnswer& SealedChannel::post_token(const std::string& token) {
     return connection_.post(
         with_common_headers({"Authorization: Negotiate " + encode_base64(token), "Content-Type:"}),
-        {}, patience_, while_waiting_);
+        {}, {patience_.silence, patience_.silence}, while_waiting_);
 }
 
 std::string SealedChannel::exchange(std::string_view soap) {
@@ -117,6 +124,8 @@ std::string SealedChannel::exchange(std::string_view soap, HttpPatience patience
 std::string SealedChannel::open_answer(const HttpAnswer& answer) {
     if (answer.status == kUnauthorized)
         raise_failure("The host asks for a new sign-in in mid-session");
+    if (!answer.content_encoding.empty() && !same_ascii_text(answer.content_encoding, "identity"))
+        raise_failure("The host's answer is compressed, which nobody asked for");
     if (seal_ && is_of_type(answer, "multipart/encrypted"))
         return decrypt_message(*seal_, answer.body);
     if (answer.status != kOk && answer.status != kServerError) fail_for_status(answer.status);
