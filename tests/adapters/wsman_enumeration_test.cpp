@@ -121,6 +121,17 @@ TEST(EventResult, IsPulledOnceAndWalkedManyTimes) {
     EXPECT_EQ(channel.calls.size(), 4u);
 }
 
+TEST(EventResult, DoesNotWaitForeverForTheLastRecord) {
+    ScriptedChannel channel({first_answer("A"), answer("A", item("1"))});
+    const SoapRequests requests("http://host:5985/wsman", "root\\cimv2", std::chrono::seconds(60));
+    {
+        WsmanEventResult result(channel, requests, HostClock(), "Q", "",
+                                {.time = std::chrono::seconds(-1)});
+        EXPECT_THAT(walk(result), ElementsAre("failed: The host's records don't come to an end"));
+    }
+    EXPECT_THAT(channel.calls, ElementsAre("Enumerate", "Release A"));
+}
+
 TEST(EventResult, CantGoOnAfterAFailure) {
     ScriptedChannel channel(
         {first_answer("A"), answer("A", item("1")), fault(14, "Out of order.")});

@@ -11,6 +11,8 @@
 namespace tessarine {
 namespace {
 
+constexpr std::uint64_t kPlenty = std::uint64_t{1} << 30;
+
 std::string record_of(const std::string& message, EventProperties::Property user) {
     EventProperties event;
     event.Message = message;
@@ -21,7 +23,7 @@ std::string record_of(const std::string& message, EventProperties::Property user
 }
 
 TEST(EventSpool, GivesItsRecordsAgainAndAgain) {
-    EventSpool spool("");
+    EventSpool spool("", kPlenty);
     EventProperties event;
     EXPECT_FALSE(spool.next(event));
     // Records that end within a block of the file, on its edge, and far behind it.
@@ -43,13 +45,20 @@ TEST(EventSpool, GivesItsRecordsAgainAndAgain) {
     }
 }
 
+TEST(EventSpool, KeepsNoMoreThanItMay) {
+    const std::string record = record_of("0123456789", "user");
+    EventSpool spool("", 2 * record.size());
+    spool.append(record + record);
+    EXPECT_THROW(spool.append(record), RuntimeError);
+}
+
 TEST(EventSpool, HasNoNameAndTellsOfAFolderThatIsMissing) {
     const std::filesystem::path folder =
         std::filesystem::temp_directory_path() / ("spool-test-" + std::to_string(getpid()));
-    EXPECT_THROW(EventSpool spool(folder.string()), RuntimeError);
+    EXPECT_THROW(EventSpool spool(folder.string(), kPlenty), RuntimeError);
     std::filesystem::create_directory(folder);
     {
-        EventSpool spool(folder.string());
+        EventSpool spool(folder.string(), kPlenty);
         spool.append(record_of("secret", "user"));
         EXPECT_TRUE(std::filesystem::is_empty(folder));
     }

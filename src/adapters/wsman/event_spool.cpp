@@ -1,8 +1,9 @@
 #include "adapters/wsman/event_spool.h"
 
+#include <algorithm>
+
 #include "adapters/wsman/event_records.h"
 #include "adapters/wsman/failure.h"
-#include "adapters/wsman/limits.h"
 #include "core/runtime_error.h"
 
 namespace tessarine {
@@ -12,8 +13,11 @@ constexpr std::size_t kReadSize = std::size_t{256} * 1024;
 
 }  // namespace
 
+EventSpool::EventSpool(const std::string& folder, std::uint64_t most_bytes)
+    : file_(folder), most_bytes_(std::min(most_bytes, file_.free_space() / 2)) {}
+
 void EventSpool::append(std::string_view records) {
-    if (records.size() > limits::kSpoolSize - file_.size())
+    if (records.size() > most_bytes_ - file_.size())
         raise_failure("The host sends more records than can be kept");
     file_.append(records);
 }

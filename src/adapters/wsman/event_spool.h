@@ -13,11 +13,12 @@ namespace tessarine {
 
 class EventSpool {
   public:
-    /// `folder` as TemporaryFile takes it.
-    explicit EventSpool(const std::string& folder) : file_(folder) {}
+    /// `folder` as TemporaryFile takes it. Keeps up to `most_bytes`, and no more than half of what
+    /// is free in the folder now.
+    EventSpool(const std::string& folder, std::uint64_t most_bytes);
 
-    /// Adds records, as append_event makes them, behind the last. Raises a RuntimeError when the
-    /// disk is full or the query's records exceed limits::kSpoolSize.
+    /// Adds records, as append_event makes them, behind the last. Raises a RuntimeError when they
+    /// are too many or the disk is full.
     void append(std::string_view records);
 
     /// The next record from the reading position; false behind the last one that was added so far.
@@ -29,6 +30,7 @@ class EventSpool {
 
   private:
     TemporaryFile file_;
+    std::uint64_t most_bytes_;
     std::string buffer_;
     std::string_view unread_;   // The end of buffer_.
     std::uint64_t offset_ = 0;  // Where the file goes on behind buffer_.

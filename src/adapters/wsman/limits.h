@@ -27,8 +27,9 @@ inline constexpr int kElementsPerPull = 1000;
 inline constexpr int kEmptyPulls = 100;
 /// Pulls for the one item that tells a host's time zone.
 inline constexpr int kTimeZonePulls = 5;
-/// Bytes of one query's records in the temporary file.
-inline constexpr std::uint64_t kSpoolSize = std::uint64_t{64} << 30;
+/// Bytes of one query's records in the temporary file, which also never takes more than half of
+/// what is free.
+inline constexpr std::uint64_t kQuerySize = std::uint64_t{64} << 30;
 
 inline constexpr std::chrono::seconds kConnect{10};
 /// How long after its own time limit for an operation a host may still be silent.
@@ -37,6 +38,8 @@ inline constexpr std::chrono::seconds kSilenceAfterTimeout{5};
 inline constexpr long kSlowestTransfer = 1000;
 /// One whole exchange, however fast it trickles.
 inline constexpr std::chrono::seconds kWholeExchange{600};
+/// All Pulls of one query. Hosts render a million records in about a quarter of an hour.
+inline constexpr std::chrono::hours kQuery{12};
 /// Giving back an enumeration that is of no more use.
 inline constexpr std::chrono::seconds kRelease{3};
 

@@ -1,10 +1,12 @@
 #include "adapters/wsman/temporary_file.h"
 
 #include <fcntl.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
+#include <limits>
 #include <system_error>
 
 #include "core/runtime_error.h"
@@ -44,6 +46,12 @@ TemporaryFile::TemporaryFile(const std::string& folder)
 
 TemporaryFile::~TemporaryFile() {
     close(descriptor_);
+}
+
+std::uint64_t TemporaryFile::free_space() const {
+    struct statvfs disk = {};
+    if (fstatvfs(descriptor_, &disk) != 0) return std::numeric_limits<std::uint64_t>::max();
+    return std::uint64_t{disk.f_bavail} * disk.f_frsize;
 }
 
 void TemporaryFile::append(std::string_view bytes) {

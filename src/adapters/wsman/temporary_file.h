@@ -18,6 +18,9 @@ class TemporaryFile {
 
     std::uint64_t size() const { return size_; }
 
+    /// Bytes that are left for the user on the disk; without end where the system can't tell.
+    std::uint64_t free_space() const;
+
     /// Raises a RuntimeError when not all of `bytes` can be written, such as on a full disk.
     void append(std::string_view bytes);
 

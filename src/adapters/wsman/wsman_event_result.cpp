@@ -1,13 +1,16 @@
 #include "adapters/wsman/wsman_event_result.h"
 
 #include "adapters/wsman/event_items.h"
+#include "adapters/wsman/failure.h"
 
 namespace tessarine {
 
 WsmanEventResult::WsmanEventResult(SoapChannel& channel, const SoapRequests& requests,
                                    const HostClock& clock, const std::string& query,
-                                   const std::string& temporary_folder)
-    : spool_(temporary_folder),
+                                   const std::string& temporary_folder,
+                                   const QueryLimits& query_limits)
+    : spool_(temporary_folder, query_limits.bytes),
+      end_(std::chrono::steady_clock::now() + query_limits.time),
       enumeration_(channel, requests),
       items_(event_items(records_, clock)) {
     enumeration_.start(query, items_);
@@ -28,6 +31,8 @@ bool WsmanEventResult::next(EventProperties& event) {
 }
 
 void WsmanEventResult::pull() {
+    if (std::chrono::steady_clock::now() > end_)
+        raise_failure("The host's records don't come to an end");
     records_.clear();
     enumeration_.pull(items_);
     spool_.append(records_);

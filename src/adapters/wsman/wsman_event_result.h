@@ -1,22 +1,32 @@
 // A query's records: pulled from the host in the first walk, read from a temporary file after it.
 #pragma once
 
+#include <chrono>
+#include <cstdint>
 #include <string>
 
 #include "adapters/wsman/enumeration.h"
 #include "adapters/wsman/event_spool.h"
 #include "adapters/wsman/host_clock.h"
 #include "adapters/wsman/item_reader.h"
+#include "adapters/wsman/limits.h"
 #include "platform/event_source.h"
 
 namespace tessarine {
+
+/// What one query may take of this machine's disk and of the user's time.
+struct QueryLimits {
+    std::uint64_t bytes = limits::kQuerySize;
+    std::chrono::seconds time = limits::kQuery;
+};
 
 class WsmanEventResult final : public EventResult {
   public:
     /// Sends the query. `channel` outlives the result; `temporary_folder` as
     /// TemporaryFile takes it.
     WsmanEventResult(SoapChannel& channel, const SoapRequests& requests, const HostClock& clock,
-                     const std::string& query, const std::string& temporary_folder);
+                     const std::string& query, const std::string& temporary_folder,
+                     const QueryLimits& query_limits = {});
 
     /// Pulls what is left, where the first walk was not finished.
     void start_over() override;
@@ -26,6 +36,7 @@ class WsmanEventResult final : public EventResult {
     void pull();
 
     EventSpool spool_;
+    std::chrono::steady_clock::time_point end_;
     Enumeration enumeration_;
     std::string records_;  // Of one answer; kept for its memory.
     ItemReader items_;

@@ -16,7 +16,8 @@ class WsmanEventService final : public EventService {
                       const WsmanOptions& options)
         : channel_(std::move(channel)),
           requests_(channel_->url(), name_space, options.operation_timeout),
-          temporary_folder_(options.temporary_folder) {}
+          temporary_folder_(options.temporary_folder),
+          query_limits_(options.query_limits) {}
 
     // Every message is sealed anyway, and a host never gets the user's right to act elsewhere.
     void set_authentication_level(int level) override {
@@ -30,7 +31,7 @@ class WsmanEventService final : public EventService {
     std::unique_ptr<EventResult> exec_query(const std::string& query) override {
         if (!clock_) clock_ = ask_host_clock(*channel_, requests_);
         return std::make_unique<WsmanEventResult>(*channel_, requests_, *clock_, query,
-                                                  temporary_folder_);
+                                                  temporary_folder_, query_limits_);
     }
 
   private:
@@ -42,6 +43,7 @@ class WsmanEventService final : public EventService {
     SoapRequests requests_;
     std::optional<HostClock> clock_;  // from the first query on
     std::string temporary_folder_;
+    QueryLimits query_limits_;
 };
 
 std::unique_ptr<SealedChannel> open_channel(const HostAddress& address,

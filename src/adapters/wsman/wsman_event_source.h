@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "adapters/wsman/encrypted_message.h"
+#include "adapters/wsman/wsman_event_result.h"
 #include "platform/event_source.h"
 
 namespace tessarine {
@@ -23,6 +24,7 @@ struct WsmanOptions {
     std::chrono::seconds operation_timeout{50};
     /// For the records between the two walks; empty means $TMPDIR, or /tmp.
     std::string temporary_folder;
+    QueryLimits query_limits;
     /// Called several times a second while a call waits for the network, so that a window can
     /// repaint. It may raise; the connection is of no more use then.
     std::function<void()> while_waiting;
