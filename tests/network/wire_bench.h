@@ -11,6 +11,7 @@
 
 #include "adapters/system/local_files.h"
 #include "adapters/wsman/wsman_event_source.h"
+#include "app/events.h"
 #include "audit/audit_host.h"
 #include "core/console_state.h"
 #include "fakes/bench.h"
@@ -42,9 +43,11 @@ class WireBench {
         for (const std::string& place : network_.listen_loopback(0)) {
             const std::size_t equals = place.find('=');
             const std::size_t colon = place.rfind(':');
-            places_[place.substr(0, equals)] = {place.substr(equals + 1, colon - equals - 1),
-                                                std::stoi(place.substr(colon + 1))};
+            const std::string address = place.substr(equals + 1, colon - equals - 1);
+            addresses_[place.substr(0, equals)] = address;
+            source_.ports[address] = std::stoi(place.substr(colon + 1));
         }
+        fakes_.windows.attach(console);
         console.Form3->txtLogPath.text = console.Form3->txtArchivePath.text =
             store_.path().string();
         console.Form3->Check1.value = 1;
@@ -53,13 +56,24 @@ class WireBench {
         console.Form3->TxtPassword.text = sample::kSamplePassword;
     }
 
-    const std::string& address_of(const std::string& host) { return places_.at(host).address; }
+    const std::string& address_of(const std::string& host) { return addresses_.at(host); }
+
+    /// Those of the event source; the port is always the host's own.
+    WsmanOptions& options() { return source_.options; }
 
     void audit(const std::string& host, const std::string& kind = "full") {
-        source_.port = places_.at(host).port;
         run_event(console,
                   [&](Console& at_event) { AuditHost(at_event, address_of(host), kind, {}); });
     }
+
+    /// Fills the host list, in this order; the test of each host's port passes.
+    void list_hosts(const std::vector<std::string>& hosts) {
+        for (const std::string& host : hosts) {
+            console.Form1.ListView1.add_row(address_of(host), 1).add_sub_item("-");
+            fakes_.probe.answers[address_of(host)] = fakes::kConnects;
+        }
+    }
+    fakes::ScriptedWindows& windows() { return fakes_.windows; }
 
     std::filesystem::path log_of(const std::string& host, const std::string& log) {
         return store_.path() / "Data" / (address_of(host) + "_" + log + ".log");
@@ -68,35 +82,39 @@ class WireBench {
         std::ifstream file(log_of(host, log), std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
+    /// The audit logs of all days, one after the other.
+    std::string audit_log() const {
+        std::string lines;
+        for (const auto& day : std::filesystem::directory_iterator(store_.path() / "Logs")) {
+            std::ifstream file(day.path(), std::ios::binary);
+            lines.append(std::istreambuf_iterator<char>(file), {});
+        }
+        return lines;
+    }
     std::string outcome() const {
         return console.Form1.AuditStat.text + ": " + console.Form1.st1.text(1);
     }
     const std::filesystem::path& store() const { return store_.path(); }
 
   private:
-    struct Place {
-        std::string address;
-        int port = 0;
-    };
-
-    // An event source whose port can be set from audit to audit.
+    // Each host has a port of its own.
     class MovingSource final : public EventSource {
       public:
         std::unique_ptr<EventService> connect_server(
             const std::string& host, const std::string& name_space,
             const std::optional<Credentials>& credentials) override {
-            WsmanOptions options;
-            options.port = port;
+            options.port = ports.at(host);
             return WsmanEventSource(options).connect_server(host, name_space, credentials);
         }
-        int port = 0;
+        WsmanOptions options;
+        std::map<std::string, int> ports;  // by address
     };
 
     ScratchFolder store_;
     sample::UserList users_;
     sample::SampleNetwork network_;
-    std::map<std::string, Place> places_;
-    fakes::Bench fakes_;
+    std::map<std::string, std::string> addresses_;
+    fakes::Bench fakes_{control_events()};
     LocalFiles files_;
     MovingSource source_;
 
