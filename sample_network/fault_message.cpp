@@ -104,6 +104,13 @@ void nest_deeply(std::string& envelope) {
     add_items(envelope, repeated("<a>", kDepth) + repeated("</a>", kDepth));
 }
 
+// A parser that writes each name out with its namespace needs 20,000 times 40,000 bytes for it.
+void add_wide_tag(std::string& envelope) {
+    std::string item = "<a xmlns:b=\"" + std::string(40'000, 'u') + "\"";
+    for (int i = 0; i < 20'000; ++i) item += " b:x" + std::to_string(i) + "=\"\"";
+    add_items(envelope, item + "/>");
+}
+
 void add_long_text(std::string& envelope) {
     add_items(envelope, item_with(std::string(2 * kMegabyte, 'x')));
 }

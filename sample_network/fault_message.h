@@ -19,6 +19,7 @@ void leave_open(std::string& envelope);
 void declare_document_type(std::string& envelope);
 void add_entity_bomb(std::string& envelope);
 void nest_deeply(std::string& envelope);
+void add_wide_tag(std::string& envelope);
 void add_long_text(std::string& envelope);
 void add_large_item(std::string& envelope);
 void add_many_items(std::string& envelope);

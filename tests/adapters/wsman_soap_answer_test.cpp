@@ -141,6 +141,8 @@ TEST(SoapAnswer, IsRefusedWhenAHostOverdoesIt) {
     const std::string long_text(limits::kElementText + 1, 'x');
     for (const std::string& body :
          {item(deep), item("<Message>" + long_text + "</Message>"), item("<Message>"),
+          item("<Message a=\"" + std::string(3 * limits::kTag, 'x') + "\"/>"),
+          item("<Message xmlns=\"" + std::string(limits::kNameSpace + 1, 'x') + "\"/>"),
           item("<TimeGenerated>yesterday</TimeGenerated>"), std::string("<n:Unknown/>"),
           "<n:PullResponse><n:EnumerationContext>" + long_text +
               "</n:EnumerationContext></n:PullResponse>"})

@@ -77,6 +77,8 @@ inline constexpr FaultCase kFatalFaults[] = {
     {"doctype", kDocumentType, Parting::Release},
     {"entity-bomb", kDocumentType, Parting::Release},
     {"deep", "The host's answer can't be read: it is nested too deeply", Parting::Release},
+    {"wide-tag", "The host's answer can't be read: it has a tag that is too long",
+     Parting::Release},
     {"large-item", kTooLarge},
     {"long-text", "The host sent a text that is too long", Parting::Release},
     {"utf-16", "The host's answer can't be read: not well-formed", Parting::Release},

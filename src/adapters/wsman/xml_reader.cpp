@@ -2,6 +2,7 @@
 
 #include <expat.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <exception>
 #include <memory>
@@ -17,7 +18,7 @@ namespace {
 // Between the namespace and the local part of the names that expat hands out.
 constexpr char kSeparator = '\n';
 
-constexpr std::size_t kPiece = std::size_t{32} * 1024;
+constexpr std::size_t kPiece = limits::kTag;
 
 XmlName parts_of(std::string_view name) {
     const std::size_t separator = name.rfind(kSeparator);
@@ -37,11 +38,14 @@ class XmlReader {
         XML_SetUserData(parser_.get(), this);
         XML_SetElementHandler(parser_.get(), on_start, on_end);
         XML_SetCharacterDataHandler(parser_.get(), on_text);
+        XML_SetStartNamespaceDeclHandler(parser_.get(), on_name_space);
         XML_SetStartDoctypeDeclHandler(parser_.get(), on_doctype);
     }
 
     void read(std::string_view document) {
-        // The parser copies what it gets; in pieces that takes no memory of the document's size.
+        // The parser copies what it gets; in pieces that takes no memory of the document's size,
+        // and a tag that it still waits for shows how long it is.
+        std::size_t fed = 0;
         for (bool final = false; !final;) {
             const std::string_view piece = document.substr(0, kPiece);
             document.remove_prefix(piece.size());
@@ -50,10 +54,17 @@ class XmlReader {
                 XML_Parse(parser_.get(), piece.data(), static_cast<int>(piece.size()), final);
             if (failure_) std::rethrow_exception(failure_);
             if (status != XML_STATUS_OK) fail(XML_ErrorString(XML_GetErrorCode(parser_.get())));
+            fed += piece.size();
+            if (fed - done() > limits::kTag) fail("it has a tag that is too long");
         }
     }
 
   private:
+    // Where the piece begins that the parser can't take without what follows.
+    std::size_t done() const {
+        return static_cast<std::size_t>(std::max(XML_GetCurrentByteIndex(parser_.get()), 0L));
+    }
+
     // No exception may cross expat's frames.
     template <typename Action>
     static void guarded(void* user_data, Action action) {
@@ -84,6 +95,13 @@ class XmlReader {
     static void on_text(void* user_data, const char* text, int length) {
         guarded(user_data, [&](XmlReader& self) {
             self.handler_.text({text, static_cast<std::size_t>(length)});
+        });
+    }
+
+    static void on_name_space(void* user_data, const char*, const char* uri) {
+        guarded(user_data, [&](XmlReader&) {
+            if (uri != nullptr && std::string_view(uri).size() > limits::kNameSpace)
+                fail("it has a namespace that is too long");
         });
     }
 

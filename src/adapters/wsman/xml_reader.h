@@ -34,8 +34,8 @@ class XmlHandler {
 };
 
 /// Reads `document` (UTF-8, whatever it says of itself). Raises a RuntimeError when it is
-/// malformed, nests deeper than limits::kElementDepth or has a document type declaration: entities
-/// could make it grow without bound.
+/// malformed, nests deeper than limits::kElementDepth, has a tag of more than two times
+/// limits::kTag or a document type declaration: entities could make it grow without bound.
 void read_xml(std::string_view document, XmlHandler& handler);
 
 }  // namespace tessarine
