@@ -36,7 +36,7 @@ void describe(const std::vector<SampleHost>& hosts) {
     for (const SampleHost& host : hosts)
         std::cerr << host.address << '\t' << host.name << '\t' << host.description << '\n';
     std::cerr << "User " << kSampleDomain << '\\' << kSampleUser << ", password " << kSamplePassword
-              << '\n';
+              << "; at " << kWorkgroupHost << " its own user " << kWorkgroupUser << '\n';
 }
 
 Texts command_of(const Options& options) {

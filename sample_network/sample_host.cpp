@@ -8,6 +8,7 @@
 
 #include "sample_network/event_files.h"
 #include "sample_network/fault_hosts.h"
+#include "sample_network/user_list.h"
 
 namespace tessarine::sample {
 namespace {
@@ -121,6 +122,9 @@ std::vector<SampleHost> built_in_hosts(Instant newest, std::uint32_t large_count
     hosts.back().time_zone.reset();
     hosts.push_back(faulty_host("OLDSRV01", 2000, "old-limits", newest));
     hosts.push_back(faulty_host("BRANCH03", 500, "slow", newest));
+    hosts.push_back(
+        usual_host(kWorkgroupHost, "in no domain, with a user of its own", 500, newest));
+    hosts.back().workgroup = true;
     give_addresses(hosts);
     return hosts;
 }

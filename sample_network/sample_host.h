@@ -59,6 +59,8 @@ struct SampleHost {
     std::string description;
     std::string address;
     HostState state = HostState::Running;
+    /// In no domain: the host knows only the user of its own.
+    bool workgroup = false;
     HostLimits limits;
     std::optional<PlannedFault> fault;
     /// None: the host denies access to it.

@@ -10,13 +10,17 @@ namespace {
 
 constexpr const char* kVariable = "NTLM_USER_FILE";
 
+std::string line_of(const std::string& domain, const std::string& user) {
+    return domain + ":" + user + ":" + kSamplePassword + "\n";
+}
+
 }  // namespace
 
 UserList::UserList() : memory_(checked(memfd_create("users", MFD_CLOEXEC), "memfd_create")) {
-    const std::string line =
-        std::string(kSampleDomain) + ":" + kSampleUser + ":" + kSamplePassword + "\n";
+    const std::string lines = line_of(kSampleDomain, kSampleUser) +
+                              line_of(kWorkgroupHost, kWorkgroupUser) + line_of("", kWorkgroupUser);
     checked(fchmod(memory_.get(), S_IRUSR | S_IWUSR), "fchmod");
-    checked(static_cast<int>(write(memory_.get(), line.data(), line.size())), "write");
+    checked(static_cast<int>(write(memory_.get(), lines.data(), lines.size())), "write");
     setenv(kVariable, ("/proc/self/fd/" + std::to_string(memory_.get())).c_str(), 1);
 }
 

@@ -8,6 +8,8 @@
 #include "core/runtime_error.h"
 #include "sample_network/http_exchange.h"
 #include "sample_network/negotiate_acceptor.h"
+#include "sample_network/signed_in_user.h"
+#include "sample_network/user_list.h"
 #include "sample_network/wsman_session.h"
 
 namespace tessarine::sample {
@@ -16,7 +18,7 @@ namespace {
 // The security context and the open enumerations belong to the connection.
 class WsmanConnection {
   public:
-    explicit WsmanConnection(const SampleHost& host) : session_(host) {}
+    explicit WsmanConnection(const SampleHost& host) : host_(host), session_(host) {}
 
     FaultInjector& faults() { return session_.faults(); }
 
@@ -26,7 +28,7 @@ class WsmanConnection {
         if (!request.authorization.empty()) return authenticate(request.authorization);
         if (!request.content_type.starts_with("multipart/encrypted") && !request.body.empty())
             return {500, {}, {}, {}};
-        if (acceptor_.context() == GSS_C_NO_CONTEXT) return {401, "Negotiate", {}, {}};
+        if (acceptor_.context() == GSS_C_NO_CONTEXT || !known_) return {401, "Negotiate", {}, {}};
         return answer_sealed(request.body);
     }
 
@@ -37,6 +39,8 @@ class WsmanConnection {
         const std::string challenge =
             token.empty() ? "Negotiate" : "Negotiate " + encode_base64(token);
         if (handshake != Handshake::Complete) return {401, challenge, {}, {}};
+        known_ = signed_in_user(acceptor_.context()).ends_with(kWorkgroupUser) == host_.workgroup;
+        if (!known_) return {401, "Negotiate", {}, {}};
         return {200, token.empty() ? std::nullopt : std::optional(challenge), {}, {}};
     }
 
@@ -50,7 +54,9 @@ class WsmanConnection {
         return {400, {}, {}, {}};
     }
 
+    const SampleHost& host_;
     NegotiateAcceptor acceptor_;
+    bool known_ = false;
     WsmanSession session_;
 };
 

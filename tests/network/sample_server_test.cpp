@@ -45,7 +45,8 @@ class SampleServer : public testing::Test {
     std::vector<std::string> places_;
 };
 
-constexpr std::size_t kEnglish = 0, kLarge = 4, kNoService = 5, kDown = 6, kDenied = 7;
+constexpr std::size_t kEnglish = 0, kLarge = 4, kNoService = 5, kDown = 6, kDenied = 7,
+                      kWorkgroup = 10;
 
 TEST_F(SampleServer, DeliversAllRecordsUnderSeal) {
     const auto host = channel(kEnglish, kAuditor);
@@ -77,6 +78,15 @@ TEST_F(SampleServer, RefusesWhoIsNotOnTheList) {
     denied->open();
     EXPECT_THAT(denied->exchange(enumerate_message(kAllEvents)),
                 testing::HasSubstr("w:AccessDenied"));
+}
+
+TEST_F(SampleServer, KnowsTheUserOfAWorkgroupHostThereAlone) {
+    const std::string local = std::string(kWorkgroupHost) + "\\" + kWorkgroupUser;
+    for (const std::string& user : {local, std::string(".\\") + kWorkgroupUser}) {
+        EXPECT_NO_THROW(channel(kWorkgroup, {user, kSamplePassword})->open()) << user;
+        EXPECT_THROW(channel(kEnglish, {user, kSamplePassword})->open(), RuntimeError) << user;
+    }
+    EXPECT_THROW(channel(kWorkgroup, kAuditor)->open(), RuntimeError);
 }
 
 TEST(SampleAcceptor, RefusesWhatIsNoToken) {
