@@ -23,11 +23,13 @@ std::string status_text(OM_uint32 status, int kind, gss_OID mechanism) {
 }  // namespace
 
 std::string gss_error_text(OM_uint32 major, OM_uint32 minor, gss_OID mechanism) {
-    std::string text = status_text(major, GSS_C_GSS_CODE, mechanism);
+    const std::string text = status_text(major, GSS_C_GSS_CODE, mechanism);
     const std::string detail = minor == 0 ? "" : status_text(minor, GSS_C_MECH_CODE, mechanism);
     // Plug-ins often know no more than that.
-    if (!detail.empty() && detail != "Unknown error") text += ": " + detail;
-    return text;
+    if (detail.empty() || detail == "Unknown error") return text;
+    // This one says only that there is a detail.
+    if (GSS_ROUTINE_ERROR(major) == GSS_S_FAILURE) return detail;
+    return text + ": " + detail;
 }
 
 }  // namespace tessarine
