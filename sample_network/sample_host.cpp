@@ -100,6 +100,9 @@ std::vector<SampleHost> built_in_hosts(Instant newest, std::uint32_t large_count
     hosts.back().state = HostState::Down;
     hosts.push_back(english_host("VAULT01", "denies access", usual_logs(200), newest));
     hosts.back().faults.at_enumerate = FaultKind::AccessDenied;
+    hosts.push_back(english_host("GATEWAY01", "TLS alone, at port 5986",
+                                 {{LogName::Security, 300}, {LogName::System, 200}}, newest));
+    hosts.back().state = HostState::TlsOnly;
     give_addresses(hosts);
     return hosts;
 }

@@ -31,8 +31,9 @@ struct TimeZone {
     ClockChange to_daylight;
 };
 
-/// Which of the ports answer. A host that is down swallows what is sent to it.
-enum class HostState { Running, PortMapperOnly, Down };
+/// Which of the ports answer, and how the management service does. A host that is down swallows
+/// what is sent to it.
+enum class HostState { Running, TlsOnly, PortMapperOnly, Down };
 
 /// What goes wrong at a host, beyond its state.
 struct Faults {

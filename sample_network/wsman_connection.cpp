@@ -13,19 +13,24 @@
 namespace tessarine::sample {
 namespace {
 
+constexpr const char* kSoapType = "application/soap+xml;charset=UTF-8";
+
 // The security context and the open enumerations belong to the connection.
 class WsmanConnection {
   public:
-    explicit WsmanConnection(const SampleHost& host) : session_(host) {}
+    WsmanConnection(const SampleHost& host, const std::string& channel)
+        : tls_(!channel.empty()), acceptor_(channel), session_(host) {}
 
     HttpAnswer answer(const HttpRequest& request) {
         if (strcasecmp(request.path.c_str(), "/wsman") != 0) return {404, {}, {}, {}};
         if (request.method != "POST") return {405, {}, {}, {}};
         if (!request.authorization.empty()) return authenticate(request.authorization);
-        if (!request.content_type.starts_with("multipart/encrypted") && !request.body.empty())
+        if (!request.content_type.starts_with(tls_ ? "application/soap+xml"
+                                                   : "multipart/encrypted") &&
+            !request.body.empty())
             return {500, {}, {}, {}};
-        if (acceptor_.context() == GSS_C_NO_CONTEXT) return {401, "Negotiate", {}, {}};
-        return answer_sealed(request.body);
+        if (acceptor_.context() == GSS_C_NO_CONTEXT) return {401, "Negotiate", {}, {}, true};
+        return tls_ ? answer_plain(request.body) : answer_sealed(request.body);
     }
 
   private:
@@ -37,6 +42,11 @@ class WsmanConnection {
         return {200, token.empty() ? std::nullopt : std::optional(challenge), {}, {}};
     }
 
+    HttpAnswer answer_plain(const std::string& body) {
+        SoapAnswer soap = session_.answer(body);
+        return {soap.status, {}, kSoapType, std::move(soap.text)};
+    }
+
     HttpAnswer answer_sealed(const std::string& body) try {
         SecuritySeal seal(acceptor_.context());
         const SoapAnswer soap = session_.answer(decrypt_message(seal, body));
@@ -45,16 +55,21 @@ class WsmanConnection {
         return {400, {}, {}, {}};
     }
 
+    bool tls_;
     NegotiateAcceptor acceptor_;
     WsmanSession session_;
 };
 
 }  // namespace
 
-void serve_wsman(Connection& connection, const SampleHost& host) {
+void serve_wsman(Connection& connection, const SampleHost& host, const std::string& channel) {
     HttpReader reader(connection);
-    WsmanConnection service(host);
-    while (true) connection.write(http_text(service.answer(reader.read())));
+    WsmanConnection service(host, channel);
+    for (bool open = true; open;) {
+        const HttpAnswer answer = service.answer(reader.read());
+        connection.write(http_text(answer));
+        open = !answer.closes_connection;
+    }
 }
 
 }  // namespace tessarine::sample
