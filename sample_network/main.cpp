@@ -109,7 +109,7 @@ int run(const Options& options, const Texts& arguments) {
         if (options.network == NetworkChoice::Private) throw std::runtime_error(*problem);
         say("No private network here: " + *problem);
     }
-    say("Using the wrapper libraries");
+    say("Using the wrapper libraries: nobody trusts the hosts with TLS here");
     return serve_wrapped(signals, arguments, hosts_file_lines(hosts));
 }
 
