@@ -13,8 +13,6 @@
 namespace tessarine::sample {
 namespace {
 
-constexpr const char* kSoapType = "application/soap+xml;charset=UTF-8";
-
 // The security context and the open enumerations belong to the connection.
 class WsmanConnection {
   public:
@@ -25,9 +23,8 @@ class WsmanConnection {
         if (strcasecmp(request.path.c_str(), "/wsman") != 0) return {404, {}, {}, {}};
         if (request.method != "POST") return {405, {}, {}, {}};
         if (!request.authorization.empty()) return authenticate(request.authorization);
-        if (!request.content_type.starts_with(tls_ ? "application/soap+xml"
-                                                   : "multipart/encrypted") &&
-            !request.body.empty())
+        const char* type = tls_ ? "application/soap+xml" : "multipart/encrypted";
+        if (!request.content_type.starts_with(type) && !request.body.empty())
             return {500, {}, {}, {}};
         if (acceptor_.context() == GSS_C_NO_CONTEXT) return {401, "Negotiate", {}, {}, true};
         return tls_ ? answer_plain(request.body) : answer_sealed(request.body);
@@ -44,7 +41,7 @@ class WsmanConnection {
 
     HttpAnswer answer_plain(const std::string& body) {
         SoapAnswer soap = session_.answer(body);
-        return {soap.status, {}, kSoapType, std::move(soap.text)};
+        return {soap.status, {}, "application/soap+xml;charset=UTF-8", std::move(soap.text)};
     }
 
     HttpAnswer answer_sealed(const std::string& body) try {

@@ -39,7 +39,7 @@ class HttpConnection {
 
     /// Lets the next post make a new connection where the host has closed this one: for as long as
     /// no sign-in belongs to it.
-    void may_be_replaced() { answered_ = false; }
+    void allow_replacement() { answered_ = false; }
 
     /// The certificate (PEM) that the host showed in its TLS handshake; holds after a post until
     /// the next one.

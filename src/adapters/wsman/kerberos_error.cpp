@@ -30,7 +30,6 @@ constexpr const char* kNoService =
     "The domain knows no service HTTP of a host of this name: use the name that the domain has, or "
     "an alternate user DOMAIN\\user";
 constexpr const char* kWrongPassword = "The alternate user's password is wrong";
-
 constexpr const char* kOtherKey =
     "The host can't read the Kerberos ticket: it is not the one that the domain knows by this name";
 
@@ -45,6 +44,11 @@ constexpr KnownCode kCodes[] = {
     {KRB5KRB_AP_ERR_TKT_NYV, Final, kClocks},
     {KRB5_KDCREP_SKEW, Final, kClocks},
     {KRB5KDC_ERR_S_PRINCIPAL_UNKNOWN, NotAvailable, kNoService},
+    {KRB5KDC_ERR_MUST_USE_USER2USER, NotAvailable, kNoService},
+    {KRB5KDC_ERR_PRINCIPAL_NOT_UNIQUE, NotAvailable, "The domain knows several hosts of this name"},
+    {KRB5KDC_ERR_ETYPE_NOSUPP, NotAvailable,
+     "This machine, the host and the domain have no kind of encryption in common"},
+    {KRB5KDC_ERR_SVC_UNAVAILABLE, NotAvailable, kUnreachable},
     {KRB5KDC_ERR_C_PRINCIPAL_UNKNOWN, NotAvailable, "The realm knows no user of this name"},
     {KRB5_KDC_UNREACH, NotAvailable, kUnreachable},
     {KRB5_REALM_CANT_RESOLVE, NotAvailable, kUnreachable},

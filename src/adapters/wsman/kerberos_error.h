@@ -25,7 +25,7 @@ struct KerberosError {
 /// as its statuses.
 KerberosError kerberos_error(OM_uint32 major, OM_uint32 minor);
 
-/// The same where the call was to take a host's token, of any mechanism: what the host says.
+/// What a host says, where the call was to take its token.
 std::string host_refusal_text(OM_uint32 major, OM_uint32 minor);
 
 }  // namespace tessarine

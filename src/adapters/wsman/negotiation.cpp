@@ -100,7 +100,7 @@ void Negotiation::acquire_for(const Credentials& credentials, bool host_has_name
 
 // Asks the domain for the user's ticket, and with that for one of the host's service. Only by
 // itself does Kerberos say why it gets none: through SPNEGO its codes come out as other numbers.
-OM_uint32 Negotiation::ask_for_ticket(OM_uint32* minor, const GssCredential& credential) {
+OM_uint32 Negotiation::ask_for_ticket(OM_uint32* minor, const GssCredential& credential) const {
     Kerberos kerberos;
     GssContext trial;
     GssBuffer token;

@@ -79,7 +79,7 @@ void SealedChannel::knock() {
     if (answer.status != kUnauthorized) fail_for_status(answer.status);
     if (!answer.negotiate_token())
         raise_failure("The host offers no integrated sign-in (Negotiate)");
-    connection_.may_be_replaced();
+    connection_.allow_replacement();
 }
 
 // GSSAPI asks the domain controllers, and is very patient with silent ones: it has a thread of its
