@@ -31,27 +31,28 @@ Waited wait_for_either(int descriptor, short events, int stop_descriptor, int mi
 
 }  // namespace
 
-Connection::Connection(FileDescriptor socket, int stop_descriptor)
+SocketConnection::SocketConnection(FileDescriptor socket, int stop_descriptor)
     : socket_(std::move(socket)), stop_descriptor_(stop_descriptor) {
     // Answers are small and waited for. Where it can't be set it is only slower.
     const int on = 1;
     setsockopt(socket_.get(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
 }
 
-void Connection::wait_for(short events, std::chrono::milliseconds patience) const {
+void SocketConnection::wait_for(short events, std::chrono::milliseconds patience) const {
     if (wait_for_either(socket_.get(), events, stop_descriptor_,
                         static_cast<int>(patience.count())) != Waited::Ready)
         throw ConnectionEnded("stopped or silent");
 }
 
-std::size_t Connection::read_some(std::span<char> buffer, std::chrono::milliseconds patience) {
+std::size_t SocketConnection::read_some(std::span<char> buffer,
+                                        std::chrono::milliseconds patience) {
     wait_for(POLLIN, patience);
     const ssize_t count = recv(socket_.get(), buffer.data(), buffer.size(), 0);
     if (count <= 0) throw ConnectionEnded("closed by the client");
     return static_cast<std::size_t>(count);
 }
 
-void Connection::write(std::string_view bytes) {
+void SocketConnection::write(std::string_view bytes) {
     while (!bytes.empty()) {
         wait_for(POLLOUT, kWritePatience);
         const ssize_t count =
@@ -98,7 +99,7 @@ void ConnectionServer::accept_connections() {
 
 void ConnectionServer::serve(FileDescriptor socket) {
     try {
-        Connection connection(std::move(socket), stop_.get());
+        SocketConnection connection(std::move(socket), stop_.get());
         handler_(connection);
     } catch (const std::exception& end) {
         // That a client leaves is no news.

@@ -26,11 +26,19 @@ struct ConnectionEnded : std::runtime_error {
 /// One accepted connection. Each call waits until it can go on or the server stops.
 class Connection {
   public:
-    Connection(FileDescriptor socket, int stop_descriptor);
+    virtual ~Connection() = default;
 
     /// At least one byte. Raises ConnectionEnded at the end, and when `patience` is over first.
-    std::size_t read_some(std::span<char> buffer, std::chrono::milliseconds patience);
-    void write(std::string_view bytes);
+    virtual std::size_t read_some(std::span<char> buffer, std::chrono::milliseconds patience) = 0;
+    virtual void write(std::string_view bytes) = 0;
+};
+
+class SocketConnection final : public Connection {
+  public:
+    SocketConnection(FileDescriptor socket, int stop_descriptor);
+
+    std::size_t read_some(std::span<char> buffer, std::chrono::milliseconds patience) override;
+    void write(std::string_view bytes) override;
 
     /// Raises ConnectionEnded also when the client leaves meanwhile.
     void pause(std::chrono::milliseconds duration) const;

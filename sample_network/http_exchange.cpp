@@ -104,6 +104,7 @@ std::string http_text(const HttpAnswer& answer) {
     if (answer.challenge) text += "WWW-Authenticate: " + *answer.challenge + "\r\n";
     if (!answer.content_type.empty())
         text += "Content-Type: " + std::string(answer.content_type) + "\r\n";
+    if (answer.closes_connection) text += "Connection: close\r\n";
     text += "Content-Length: " + std::to_string(answer.body.size()) + "\r\n\r\n";
     return text += answer.body;
 }

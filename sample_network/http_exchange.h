@@ -23,6 +23,7 @@ struct HttpAnswer {
     std::optional<std::string> challenge;
     std::string_view content_type;
     std::string body;
+    bool closes_connection = false;
 };
 
 /// Reads requests one after the other off a connection.

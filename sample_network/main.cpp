@@ -1,5 +1,7 @@
 // The sample network: several Windows hosts, for trying the console and for tests.
 
+#include <gssapi/gssapi_krb5.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -29,7 +31,10 @@ std::vector<SampleHost> hosts_for(const Options& options) {
                                         : hosts_from_files(options.events);
     if (options.faulty) add_faulty_hosts(hosts, newest);
     for (const std::string& fault : options.faults) plan_fault(hosts, fault);
-    return options.only.empty() ? hosts : only_hosts(hosts, options.only);
+    if (!options.only.empty()) hosts = only_hosts(hosts, options.only);
+    for (SampleHost& host : hosts)
+        if (options.tls && host.state == HostState::Running) host.state = HostState::TlsOnly;
+    return hosts;
 }
 
 void describe(const std::vector<SampleHost>& hosts) {
@@ -37,6 +42,11 @@ void describe(const std::vector<SampleHost>& hosts) {
         std::cerr << host.address << '\t' << host.name << '\t' << host.description << '\n';
     std::cerr << "User " << kSampleDomain << '\\' << kSampleUser << ", password " << kSamplePassword
               << "; at " << kWorkgroupHost << " its own user " << kWorkgroupUser << '\n';
+}
+
+void use_keytab(const std::string& file) {
+    if (krb5_gss_register_acceptor_identity(file.c_str()) != GSS_S_COMPLETE)
+        throw std::runtime_error("Can't use the keytab " + file);
 }
 
 Texts command_of(const Options& options) {
@@ -47,7 +57,8 @@ Texts command_of(const Options& options) {
 
 int serve_loopback(const Options& options, const HeldSignals& signals) {
     const UserList users;
-    SampleNetwork network(hosts_for(options));
+    const CertificateAuthority authority;
+    SampleNetwork network(hosts_for(options), authority);
     for (const std::string& place : network.listen_loopback(*options.loopback_port))
         std::cout << place << '\n';
     std::cout << std::flush;
@@ -56,11 +67,11 @@ int serve_loopback(const Options& options, const HeldSignals& signals) {
 }
 
 int serve(const Options& options, const HeldSignals& signals, const std::vector<SampleHost>& hosts,
-          DownHosts down_hosts) {
+          const CertificateAuthority& authority, DownHosts down_hosts) {
     // The command must not find the hosts' user list in its environment.
     const Texts environment = current_environment();
     const UserList users;
-    SampleNetwork network(hosts);
+    SampleNetwork network(hosts, authority);
     network.listen(down_hosts);
     if (!options.quiet) describe(hosts);
     const Texts command = command_of(options);
@@ -81,25 +92,27 @@ int serve_wrapped(const HeldSignals& signals, const Texts& arguments, const std:
 
 int run(const Options& options, const Texts& arguments) {
     keep_freed_memory();
+    if (!options.keytab.empty()) use_keytab(options.keytab);
     const HeldSignals signals;
     if (options.loopback_port) return serve_loopback(options, signals);
     const std::vector<SampleHost> hosts = hosts_for(options);
+    const CertificateAuthority authority;
     if (options.network == NetworkChoice::Present)
-        return serve(options, signals, hosts, DownHosts::Absent);
+        return serve(options, signals, hosts, authority, DownHosts::Absent);
     if (!options.desk.empty()) prepare_desk(options.desk, hosts);
     const auto say = [&](const std::string& text) {
         if (!options.quiet) std::cerr << text << '\n';
     };
     if (options.network != NetworkChoice::Wrapped) {
-        const auto problem = enter_private_network(hosts_file_lines(hosts));
+        const auto problem = enter_private_network(hosts_file_lines(hosts), authority.pem());
         if (!problem) {
             say("Using a private network");
-            return serve(options, signals, hosts, DownHosts::Silent);
+            return serve(options, signals, hosts, authority, DownHosts::Silent);
         }
         if (options.network == NetworkChoice::Private) throw std::runtime_error(*problem);
         say("No private network here: " + *problem);
     }
-    say("Using the wrapper libraries");
+    say("Using the wrapper libraries: nobody trusts the hosts with TLS here");
     return serve_wrapped(signals, arguments, hosts_file_lines(hosts));
 }
 

@@ -1,5 +1,7 @@
 #include "sample_network/negotiate_acceptor.h"
 
+#include <gssapi/gssapi_ext.h>
+
 #include "adapters/wsman/base64.h"
 
 namespace tessarine::sample {
@@ -19,16 +21,22 @@ NegotiateAcceptor::Step NegotiateAcceptor::accept(std::string_view authorization
     complete_ = false;
     if (!token) return {Handshake::Refused, ""};
     gss_buffer_desc input = gss_input(*token);
+    gss_channel_bindings_struct bindings{};
+    bindings.application_data = gss_input(channel_);
     GssBuffer output;
     OM_uint32 minor = 0;
-    const OM_uint32 major = gss_accept_sec_context(
-        &minor, context_.address(), GSS_C_NO_CREDENTIAL, &input, GSS_C_NO_CHANNEL_BINDINGS, nullptr,
-        nullptr, output.address(), nullptr, nullptr, nullptr);
-    if (GSS_ERROR(major)) {
+    OM_uint32 flags = 0;
+    const OM_uint32 major =
+        gss_accept_sec_context(&minor, context_.address(), GSS_C_NO_CREDENTIAL, &input,
+                               channel_.empty() ? GSS_C_NO_CHANNEL_BINDINGS : &bindings, nullptr,
+                               nullptr, output.address(), &flags, nullptr, nullptr);
+    complete_ = !GSS_ERROR(major) && (major & GSS_S_CONTINUE_NEEDED) == 0;
+    const bool unbound = complete_ && !channel_.empty() && (flags & GSS_C_CHANNEL_BOUND_FLAG) == 0;
+    if (GSS_ERROR(major) || unbound) {
+        complete_ = false;
         context_.reset();
-        return {Handshake::Refused, ""};
+        return {Handshake::Refused, unbound ? "" : output.text()};
     }
-    complete_ = (major & GSS_S_CONTINUE_NEEDED) == 0;
     return {complete_ ? Handshake::Complete : Handshake::GoesOn, output.text()};
 }
 

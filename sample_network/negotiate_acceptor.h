@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "adapters/wsman/gss_handles.h"
 
@@ -15,8 +16,11 @@ class NegotiateAcceptor {
   public:
     struct Step {
         Handshake handshake;
-        std::string token;
+        std::string token;  // with a refusal, what it says to the client
     };
+
+    /// Where `channel` (RFC 5056) is not empty, a sign-in that isn't tied to it is refused.
+    explicit NegotiateAcceptor(std::string channel = {}) : channel_(std::move(channel)) {}
 
     /// Takes the value of an Authorization header. The first token after a complete or refused
     /// handshake begins a new one.
@@ -26,6 +30,7 @@ class NegotiateAcceptor {
     gss_ctx_id_t context() const { return complete_ ? context_.get() : GSS_C_NO_CONTEXT; }
 
   private:
+    std::string channel_;
     GssContext context_;
     bool complete_ = false;
 };

@@ -25,6 +25,8 @@ reached over TCP, as with ssh -X, is out of COMMAND's reach.
                            is there already stays
   --network private        use a private network, or fail
   --network wrapped        use the wrapper libraries (libsocket-wrapper, libnss-wrapper)
+  --tls                    the hosts answer over TLS alone, at port 5986
+  --keytab FILE            the hosts also take Kerberos, with the keys in FILE
   --listen-loopback PORT   no private network: open only the management service of each
                            host, at PORT (0: any) of its own address 127.0.0.N; print
                            lines NAME=ADDRESS:PORT; run until standard input ends
@@ -102,6 +104,8 @@ void read_value(Options& options, const std::string& option, const std::string& 
         options.faults.push_back(value);
     } else if (option == "--desk") {
         options.desk = value;
+    } else if (option == "--keytab") {
+        options.keytab = value;
     } else if (option == "--network") {
         // The call inside the wrapper libraries puts "present" before what the user chose.
         if (options.network != NetworkChoice::Present) options.network = network_named(value);
@@ -124,6 +128,8 @@ Options parse_options(const std::vector<std::string>& arguments) {
             options.help = true;
         else if (argument == "--quiet")
             options.quiet = true;
+        else if (argument == "--tls")
+            options.tls = true;
         else if (argument == "--shell")
             options.shell = true;
         else if (argument == "--faulty")

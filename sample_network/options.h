@@ -27,6 +27,8 @@ struct Options {
     std::uint32_t large_count = 100'000;
     std::filesystem::path events;
     std::filesystem::path desk;
+    std::string keytab;
+    bool tls = false;
     std::vector<std::string> only;
     std::vector<std::string> faults;
     std::optional<std::uint16_t> loopback_port;

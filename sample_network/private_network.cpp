@@ -21,6 +21,7 @@ namespace {
 
 constexpr const char* kHostsFile = "/etc/hosts";
 constexpr const char* kNameServiceFile = "/etc/nsswitch.conf";
+constexpr const char* kAuthoritiesFile = "/etc/ssl/certs/ca-certificates.crt";
 
 // Root can do without a user namespace, and is then root in every respect.
 enum class Namespaces { NetworkAlone, WithUser };
@@ -71,7 +72,7 @@ std::string names_from_files(const std::string& name_service) {
     return text;
 }
 
-void enter(Namespaces namespaces, const std::string& hosts) {
+void enter(Namespaces namespaces, const std::string& hosts, const std::string& authority) {
     const uid_t user = geteuid();
     const gid_t group = getegid();
     const bool with_user = namespaces == Namespaces::WithUser;
@@ -82,10 +83,12 @@ void enter(Namespaces namespaces, const std::string& hosts) {
     cover(kHostsFile, read_file(kHostsFile) + "\n" + hosts);
     if (const std::string names = read_file(kNameServiceFile); !names.empty())
         cover(kNameServiceFile, names_from_files(names));
+    if (const std::string authorities = read_file(kAuthoritiesFile); !authorities.empty())
+        cover(kAuthoritiesFile, authorities + authority);
 }
 
 // Tries in a child, as half of it can't be taken back. The text is empty on success.
-std::string refusal(Namespaces namespaces, const std::string& hosts) {
+std::string refusal(Namespaces namespaces, const std::string& hosts, const std::string& authority) {
     int ends[2];
     checked(pipe(ends), "pipe");
     const FileDescriptor reading(ends[0]);
@@ -94,7 +97,7 @@ std::string refusal(Namespaces namespaces, const std::string& hosts) {
     if (child == 0) {
         std::string problem;
         try {
-            enter(namespaces, hosts);
+            enter(namespaces, hosts, authority);
         } catch (const std::system_error& error) {
             problem = error.what();
         }
@@ -112,13 +115,14 @@ std::string refusal(Namespaces namespaces, const std::string& hosts) {
 
 }  // namespace
 
-std::optional<std::string> enter_private_network(const std::string& hosts) {
+std::optional<std::string> enter_private_network(const std::string& hosts,
+                                                 const std::string& authority) {
     std::string problem;
     for (const auto namespaces : {Namespaces::NetworkAlone, Namespaces::WithUser}) {
         if (namespaces == Namespaces::NetworkAlone && geteuid() != 0) continue;
-        problem = refusal(namespaces, hosts);
+        problem = refusal(namespaces, hosts, authority);
         if (!problem.empty()) continue;
-        enter(namespaces, hosts);
+        enter(namespaces, hosts, authority);
         return std::nullopt;
     }
     return problem;

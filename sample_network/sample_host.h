@@ -33,8 +33,9 @@ struct TimeZone {
     ClockChange to_daylight;
 };
 
-/// Which of the ports answer. A host that is down swallows what is sent to it.
-enum class HostState { Running, PortMapperOnly, Down };
+/// Which of the ports answer, and how the management service does. A host that is down swallows
+/// what is sent to it.
+enum class HostState { Running, TlsOnly, PortMapperOnly, Down };
 
 /// What a host puts into one answer at most: UTF-16 units of an envelope, counted twice, and items,
 /// the first answer having an own limit.

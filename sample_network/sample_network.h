@@ -6,9 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "sample_network/certificate_authority.h"
 #include "sample_network/connection_server.h"
 #include "sample_network/sample_host.h"
 #include "sample_network/silent_port.h"
+#include "sample_network/tls_connection.h"
 
 namespace tessarine::sample {
 
@@ -18,10 +20,13 @@ enum class DownHosts { Silent, Absent };
 
 class SampleNetwork {
   public:
-    /// No port is open yet.
-    explicit SampleNetwork(std::vector<SampleHost> hosts) : hosts_(std::move(hosts)) {}
+    /// No port is open yet. `authority` signs the certificates of the hosts with TLS and outlives
+    /// the network.
+    SampleNetwork(std::vector<SampleHost> hosts, const CertificateAuthority& authority)
+        : hosts_(std::move(hosts)), authority_(authority) {}
 
-    /// Opens 135 and 5985 at each host's own address. Raises a std::system_error.
+    /// Opens 135 and 5985, or with TLS 5986, at each host's own address. Raises a
+    /// std::system_error.
     void listen(DownHosts down_hosts);
 
     /// Opens only the management service of each host, at `port` of its own address, with 0 at any
@@ -30,8 +35,11 @@ class SampleNetwork {
 
   private:
     std::uint16_t open_management(const SampleHost& host, std::uint16_t port);
+    std::uint16_t open_with_tls(const SampleHost& host, std::uint16_t port);
 
     std::vector<SampleHost> hosts_;
+    const CertificateAuthority& authority_;
+    std::list<TlsServer> tls_servers_;
     std::list<ConnectionServer> servers_;
     std::list<SilentPort> silent_ports_;
     std::list<FileDescriptor> closed_ports_;

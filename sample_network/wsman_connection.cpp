@@ -18,7 +18,8 @@ namespace {
 // The security context and the open enumerations belong to the connection.
 class WsmanConnection {
   public:
-    explicit WsmanConnection(const SampleHost& host) : host_(host), session_(host) {}
+    WsmanConnection(const SampleHost& host, const std::string& channel)
+        : host_(host), tls_(!channel.empty()), acceptor_(channel), session_(host) {}
 
     FaultInjector& faults() { return session_.faults(); }
 
@@ -26,10 +27,12 @@ class WsmanConnection {
         if (strcasecmp(request.path.c_str(), "/wsman") != 0) return {404, {}, {}, {}};
         if (request.method != "POST") return {405, {}, {}, {}};
         if (!request.authorization.empty()) return authenticate(request.authorization);
-        if (!request.content_type.starts_with("multipart/encrypted") && !request.body.empty())
+        const char* type = tls_ ? "application/soap+xml" : "multipart/encrypted";
+        if (!request.content_type.starts_with(type) && !request.body.empty())
             return {500, {}, {}, {}};
-        if (acceptor_.context() == GSS_C_NO_CONTEXT || !known_) return {401, "Negotiate", {}, {}};
-        return answer_sealed(request.body);
+        if (acceptor_.context() == GSS_C_NO_CONTEXT || !known_)
+            return {401, "Negotiate", {}, {}, true};
+        return tls_ ? answer_plain(request.body) : answer_sealed(request.body);
     }
 
   private:
@@ -44,6 +47,11 @@ class WsmanConnection {
         return {200, token.empty() ? std::nullopt : std::optional(challenge), {}, {}};
     }
 
+    HttpAnswer answer_plain(const std::string& body) {
+        SoapAnswer soap = session_.answer(body);
+        return {soap.status, {}, "application/soap+xml;charset=UTF-8", std::move(soap.text)};
+    }
+
     HttpAnswer answer_sealed(const std::string& body) try {
         SecuritySeal seal(acceptor_.context());
         const SoapAnswer soap = session_.answer(decrypt_message(seal, body));
@@ -55,6 +63,7 @@ class WsmanConnection {
     }
 
     const SampleHost& host_;
+    bool tls_;
     NegotiateAcceptor acceptor_;
     bool known_ = false;
     WsmanSession session_;
@@ -62,15 +71,17 @@ class WsmanConnection {
 
 }  // namespace
 
-void serve_wsman(Connection& connection, const SampleHost& host) {
+void serve_wsman(Connection& connection, const SampleHost& host, const std::string& channel) {
     HttpReader reader(connection);
-    WsmanConnection service(host);
+    WsmanConnection service(host, channel);
     service.faults().begin(Moment::Connect);
     service.faults().write(connection, "");
-    while (true) {
-        std::string text = http_text(service.answer(reader.read()));
+    for (bool open = true; open;) {
+        const HttpAnswer answer = service.answer(reader.read());
+        std::string text = http_text(answer);
         service.faults().change_http(text);
         service.faults().write(connection, text);
+        open = !answer.closes_connection;
     }
 }
 

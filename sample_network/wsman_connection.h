@@ -1,12 +1,15 @@
 // A connection to the management port of a host: HTTP, authentication, seal and service.
 #pragma once
 
+#include <string>
+
 #include "sample_network/connection_server.h"
 #include "sample_network/sample_host.h"
 
 namespace tessarine::sample {
 
-/// Serves until the connection ends: Negotiate authentication first, then sealed messages alone.
-void serve_wsman(Connection& connection, const SampleHost& host);
+/// Serves until the connection ends: Negotiate authentication first, then messages alone. They are
+/// sealed, unless the connection is TLS: there the sign-in must be tied to its `channel`.
+void serve_wsman(Connection& connection, const SampleHost& host, const std::string& channel = {});
 
 }  // namespace tessarine::sample

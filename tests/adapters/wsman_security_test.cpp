@@ -137,12 +137,16 @@ TEST(Negotiation, SaysWhatIsMissing) {
     EXPECT_EQ(failure(Credentials{"", ""}), "no failure");
 }
 
+const std::string kAsksForSignIn =
+    "HTTP/1.1 401 Who?\r\nWWW-Authenticate: Negotiate\r\nContent-Length: 0\r\n\r\n";
+
 // A channel to a host that signs the user in and then answers each message with `text`.
 std::string failure_after_sign_in(const std::string& text) {
     Acceptor acceptor;
     const auto reply = [&](const std::string& request) -> std::optional<std::string> {
         if (acceptor.is_complete()) return text;
         const std::string scheme = "Authorization: Negotiate ";
+        if (request.find(scheme) == std::string::npos) return kAsksForSignIn;
         const std::size_t begin = request.find(scheme) + scheme.size();
         const std::size_t end = request.find("\r\n", begin);
         const auto token =
@@ -178,24 +182,26 @@ TEST(SealedChannel, TakesNothingInTheClear) {
 }
 
 TEST(SealedChannel, SaysWhyASignInFails) {
-    const auto failure = [](const std::string& answer) -> std::string {
-        const ScriptedHost host(std::vector{"HTTP/1.1 " + answer + "Content-Length: 0\r\n\r\n"},
-                                Last::Closes);
+    const auto failure = [](const std::string& answer, const std::string& before = "") {
+        std::vector<std::string> answers{"HTTP/1.1 " + answer + "Content-Length: 0\r\n\r\n"};
+        if (!before.empty()) answers.insert(answers.begin(), before);
+        const ScriptedHost host(answers, Last::Closes);
         SealedChannel channel(host.address(), kUser, std::chrono::seconds(60), nullptr,
                               PartHeaderIndent::Tab);
         try {
             channel.open();
-            return "no failure";
+            return std::string("no failure");
         } catch (const RuntimeError& error) {
             return error.description();
         }
     };
-    EXPECT_EQ(failure("200 OK\r\n"), "The host ended the sign-in too early");
+    EXPECT_EQ(failure("200 OK\r\n"), "The host answered with HTTP status 200");
+    EXPECT_EQ(failure("200 OK\r\n", kAsksForSignIn), "The host ended the sign-in too early");
     EXPECT_EQ(failure("404 Not found\r\n"),
               "The host has no WS-Management service at this address");
     EXPECT_EQ(failure("401 No\r\nWWW-Authenticate: Basic\r\n"),
               "The host offers no integrated sign-in (Negotiate)");
-    EXPECT_EQ(failure("401 No\r\nWWW-Authenticate: Negotiate\r\n"),
+    EXPECT_EQ(failure("401 No\r\nWWW-Authenticate: Negotiate\r\n", kAsksForSignIn),
               "The host refused the credentials");
 }
 

@@ -25,7 +25,7 @@ class SampleHttp : public testing::Test {
 
     FileDescriptor stop_;
     FileDescriptor client_;
-    std::optional<Connection> connection_;
+    std::optional<SocketConnection> connection_;
 };
 
 TEST_F(SampleHttp, KeepsRequestsApart) {

@@ -52,13 +52,14 @@ class SampleProgram : public testing::TestWithParam<const char*> {
 TEST_P(SampleProgram, GivesItsCommandTheNetworkAndNothingElse) {
     const Outcome outcome = run(R"(id -u; \$NETWORK -- bash -c '
         id -u; echo \${NTLM_USER_FILE-none}; getent hosts BERLIN01 | cut -c 1-10;
-        for place in FILESRV01/135 FILESRV01/5985 PRINTSRV01/135 PRINTSRV01/5985; do
+        for place in {FILESRV01,PRINTSRV01,GATEWAY01}/{135,5985,5986}; do
             (: < /dev/tcp/\$place) 2> /dev/null && echo \$place
         done; exit 7')");
     const std::string user = std::to_string(getuid()) + "\n";
     EXPECT_EQ(outcome.output, user + user +
                                   "none\n127.0.0.12\n"
-                                  "FILESRV01/135\nFILESRV01/5985\nPRINTSRV01/135\n");
+                                  "FILESRV01/135\nFILESRV01/5985\nPRINTSRV01/135\n"
+                                  "GATEWAY01/135\nGATEWAY01/5986\n");
     EXPECT_EQ(outcome.status, 7);
 }
 

@@ -20,7 +20,7 @@ const Credentials kAuditor{std::string(kSampleDomain) + "\\" + kSampleUser, kSam
 
 class SampleServer : public testing::Test {
   protected:
-    SampleServer() : network_(built_in_hosts(Instant{*parse_day("2026-11-20")}, 20)) {
+    SampleServer() : network_(built_in_hosts(Instant{*parse_day("2026-11-20")}, 20), authority_) {
         for (const std::string& place : network_.listen_loopback(0))
             places_.push_back(place.substr(place.find('=') + 1));
     }
@@ -41,6 +41,7 @@ class SampleServer : public testing::Test {
     }
 
     UserList users_;
+    CertificateAuthority authority_;
     SampleNetwork network_;
     std::vector<std::string> places_;
 };

@@ -39,7 +39,8 @@ class ScratchFolder {
 /// Audits go to the host's address, which so is its name in the store as well.
 class WireBench {
   public:
-    explicit WireBench(std::vector<sample::SampleHost> hosts) : network_(std::move(hosts)) {
+    explicit WireBench(std::vector<sample::SampleHost> hosts)
+        : network_(std::move(hosts), authority_) {
         for (const std::string& place : network_.listen_loopback(0)) {
             const std::size_t equals = place.find('=');
             const std::size_t colon = place.rfind(':');
@@ -112,6 +113,7 @@ class WireBench {
 
     ScratchFolder store_;
     sample::UserList users_;
+    sample::CertificateAuthority authority_;
     sample::SampleNetwork network_;
     std::map<std::string, std::string> addresses_;
     fakes::Bench fakes_{control_events()};

@@ -1,4 +1,4 @@
-// HTTP POST over one TCP connection that is never replaced: the security context belongs to it.
+// HTTP POST over one TCP connection that is never replaced once a security context belongs to it.
 #pragma once
 
 #include <curl/curl.h>
@@ -36,6 +36,10 @@ class HttpConnection {
     /// second until the answer is there.
     const HttpAnswer& post(const std::vector<std::string>& headers, std::string_view body,
                            HttpPatience patience, const std::function<void()>& while_waiting);
+
+    /// Lets the next post make a new connection where the host has closed this one: for as long as
+    /// no sign-in belongs to it.
+    void allow_replacement() { answered_ = false; }
 
     /// The certificate (PEM) that the host showed in its TLS handshake; holds after a post until
     /// the next one.

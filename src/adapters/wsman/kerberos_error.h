@@ -21,7 +21,11 @@ struct KerberosError {
     std::string text;
 };
 
-/// The codes of RFC 4120, section 7.5.9, and of libkrb5, that a call left as its statuses.
+/// The codes of RFC 4120, section 7.5.9, and of libkrb5, that a call of the mechanism Kerberos left
+/// as its statuses.
 KerberosError kerberos_error(OM_uint32 major, OM_uint32 minor);
+
+/// What a host says, where the call was to take its token.
+std::string host_refusal_text(OM_uint32 major, OM_uint32 minor);
 
 }  // namespace tessarine

@@ -98,17 +98,26 @@ void Negotiation::acquire_for(const Credentials& credentials, bool host_has_name
                       gss_error_text(major, minor));
 }
 
-// Asks the domain for the user's ticket.
+// Asks the domain for the user's ticket, and with that for one of the host's service. Only by
+// itself does Kerberos say why it gets none: through SPNEGO its codes come out as other numbers.
+OM_uint32 Negotiation::ask_for_ticket(OM_uint32* minor, const GssCredential& credential) const {
+    Kerberos kerberos;
+    GssContext trial;
+    GssBuffer token;
+    return gss_init_sec_context(minor, credential.get(), trial.address(), target_.get(),
+                                &kerberos.oid, kAskedFlags, GSS_C_INDEFINITE,
+                                GSS_C_NO_CHANNEL_BINDINGS, GSS_C_NO_BUFFER, nullptr,
+                                token.address(), nullptr, nullptr);
+}
+
 bool Negotiation::kerberos_knows(const std::string& user, gss_buffer_desc& password) {
     GssName name;
     import_name(user, GSS_C_NT_USER_NAME, name);
     Kerberos kerberos;
     GssCredential credential;
     OM_uint32 minor = 0;
-    OM_uint32 lifetime = 0;
     OM_uint32 major = acquire_with_password(&minor, name, password, &kerberos.alone, credential);
-    if (!GSS_ERROR(major))
-        major = gss_inquire_cred(&minor, credential.get(), nullptr, &lifetime, nullptr, nullptr);
+    if (!GSS_ERROR(major)) major = ask_for_ticket(&minor, credential);
     if (!GSS_ERROR(major)) return true;
     KerberosError error = kerberos_error(major, minor);
     if (error.failure == KerberosFailure::Final) raise_failure(error.text);
@@ -136,13 +145,10 @@ bool Negotiation::has_ticket() {
     Kerberos kerberos;
     GssCredential credential;
     OM_uint32 minor = 0;
-    OM_uint32 lifetime = 0;
     OM_uint32 major = gss_acquire_cred(&minor, GSS_C_NO_NAME, GSS_C_INDEFINITE, &kerberos.alone,
                                        GSS_C_INITIATE, credential.address(), nullptr, nullptr);
-    if (!GSS_ERROR(major))
-        major = gss_inquire_cred(&minor, credential.get(), nullptr, &lifetime, nullptr, nullptr);
-    if (!GSS_ERROR(major) && lifetime > 0) return true;
-    if (!GSS_ERROR(major)) major = GSS_S_CREDENTIALS_EXPIRED;
+    if (!GSS_ERROR(major)) major = ask_for_ticket(&minor, credential);
+    if (!GSS_ERROR(major)) return true;
     why_no_kerberos_ = kerberos_error(major, minor).text;
     return false;
 }
@@ -161,7 +167,8 @@ std::string Negotiation::next_token(std::string_view token) {
                              spnego_ ? &spnego.oid : &ntlm.oid, kAskedFlags, GSS_C_INDEFINITE,
                              channel_.empty() ? GSS_C_NO_CHANNEL_BINDINGS : &bindings, &input,
                              nullptr, output.address(), &flags, nullptr);
-    if (GSS_ERROR(major)) raise_failure(kerberos_error(major, minor).text);
+    if (GSS_ERROR(major) && token.empty()) raise_failure(kerberos_error(major, minor).text);
+    if (GSS_ERROR(major)) raise_failure(host_refusal_text(major, minor));
     if ((major & GSS_S_CONTINUE_NEEDED) == 0) finish(flags);
     return output.text();
 }

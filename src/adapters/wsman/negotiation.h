@@ -42,6 +42,7 @@ class Negotiation {
     void acquire_own(bool host_has_name);
     bool kerberos_knows(const std::string& user, gss_buffer_desc& password);
     bool has_ticket();
+    OM_uint32 ask_for_ticket(OM_uint32* minor, const GssCredential& credential) const;
     void finish(OM_uint32 flags);
 
     // Without Kerberos NTLM goes alone: an SPNEGO credential of a password makes libgssapi ask the

@@ -1,5 +1,6 @@
 #include "adapters/wsman/sealed_channel.h"
 
+#include <future>
 #include <utility>
 
 #include "adapters/wsman/ascii.h"
@@ -18,6 +19,8 @@ constexpr long kUnauthorized = 401;
 constexpr long kNotFound = 404;
 constexpr long kServerError = 500;
 constexpr long kUnavailable = 503;
+
+constexpr std::chrono::milliseconds kBetweenCalls{50};
 
 constexpr std::string_view kSoapContentType = "application/soap+xml;charset=UTF-8";
 
@@ -63,11 +66,8 @@ SealedChannel::SealedChannel(const HostAddress& address,
       indent_(indent) {}
 
 void SealedChannel::open() {
-    const std::string binding = channel_binding();
-    negotiation_.emplace(address_.host, std::exchange(credentials_, std::nullopt), binding);
-    const HttpAnswer* answer = &post_token(negotiation_->next_token({}));
-    if (answer->status == kUnauthorized && !answer->negotiate_token())
-        raise_failure("The host offers no integrated sign-in (Negotiate)");
+    knock();
+    const HttpAnswer* answer = &post_token(first_token());
     for (int leg = 1; answer->status == kUnauthorized; ++leg) {
         const std::string token = answer->negotiate_token().value_or("");
         if (token.empty() || leg == limits::kSignInLegs || negotiation_->is_complete())
@@ -78,10 +78,31 @@ void SealedChannel::open() {
     finish_sign_in(answer->negotiate_token().value_or(""));
 }
 
-// The connection to a TLS host is made, and the host known, before anything of the user goes there.
-std::string SealedChannel::channel_binding() {
+// The host is known, and its certificate verified, before the domain is asked for the user and
+// anything of the user goes to the host. Hosts close the connection after such a request.
+void SealedChannel::knock() {
+    const HttpAnswer& answer =
+        connection_.post(with_common_headers({"Content-Type:"}), {}, patience_, while_waiting_);
+    if (answer.status != kUnauthorized) fail_for_status(answer.status);
+    if (!answer.negotiate_token())
+        raise_failure("The host offers no integrated sign-in (Negotiate)");
+    connection_.allow_replacement();
+}
+
+// GSSAPI asks the domain controllers, and is very patient with silent ones: it has a thread of its
+// own, so that the caller's hook is called meanwhile.
+std::string SealedChannel::first_token() {
+    auto token = std::async(std::launch::async, [this, binding = channel_binding()] {
+        negotiation_.emplace(address_.host, std::exchange(credentials_, std::nullopt), binding);
+        return negotiation_->next_token({});
+    });
+    while (token.wait_for(kBetweenCalls) != std::future_status::ready)
+        if (while_waiting_) while_waiting_();
+    return token.get();
+}
+
+std::string SealedChannel::channel_binding() const {
     if (address_.protection != Protection::Tls) return "";
-    connection_.post(with_common_headers({"Content-Type:"}), {}, patience_, while_waiting_);
     return server_end_point_binding(connection_.server_certificate());
 }
 

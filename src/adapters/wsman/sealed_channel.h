@@ -41,9 +41,11 @@ class SealedChannel final : public SoapChannel {
     std::string url() const { return address_.url(); }
 
   private:
+    void knock();
+    std::string first_token();
     void finish_sign_in(const std::string& token);
     const HttpAnswer& post_token(const std::string& token);
-    std::string channel_binding();
+    std::string channel_binding() const;
     std::string exchange(std::string_view soap, HttpPatience patience,
                          const std::function<void()>& while_waiting);
     std::string open_answer(const HttpAnswer& answer);
