@@ -62,7 +62,7 @@ void SocketConnection::write(std::string_view bytes) {
     }
 }
 
-void Connection::pause(std::chrono::milliseconds duration) const {
+void SocketConnection::pause(std::chrono::milliseconds duration) const {
     if (wait_for_either(socket_.get(), POLLRDHUP, stop_descriptor_,
                         static_cast<int>(duration.count())) != Waited::TimedOut)
         throw ConnectionEnded("stopped or left");

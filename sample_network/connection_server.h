@@ -31,6 +31,8 @@ class Connection {
     /// At least one byte. Raises ConnectionEnded at the end, and when `patience` is over first.
     virtual std::size_t read_some(std::span<char> buffer, std::chrono::milliseconds patience) = 0;
     virtual void write(std::string_view bytes) = 0;
+    /// Raises ConnectionEnded also when the client leaves meanwhile.
+    virtual void pause(std::chrono::milliseconds duration) const = 0;
 };
 
 class SocketConnection final : public Connection {
@@ -39,9 +41,7 @@ class SocketConnection final : public Connection {
 
     std::size_t read_some(std::span<char> buffer, std::chrono::milliseconds patience) override;
     void write(std::string_view bytes) override;
-
-    /// Raises ConnectionEnded also when the client leaves meanwhile.
-    void pause(std::chrono::milliseconds duration) const;
+    void pause(std::chrono::milliseconds duration) const override;
 
   private:
     void wait_for(short events, std::chrono::milliseconds patience) const;

@@ -36,6 +36,7 @@ class TlsConnection final : public Connection {
 
     std::size_t read_some(std::span<char> buffer, std::chrono::milliseconds patience) override;
     void write(std::string_view bytes) override;
+    void pause(std::chrono::milliseconds duration) const override { carrier_.pause(duration); }
 
   private:
     // Calls `step` until it has done something; returns its result.
