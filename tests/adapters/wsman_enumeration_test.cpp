@@ -182,6 +182,16 @@ TEST(Enumeration, FailsInTheHostsWordsAndGivesItselfBack) {
     EXPECT_THAT(lost.calls, ElementsAre("Enumerate", "Pull A"));
 }
 
+TEST(Enumeration, AsksNothingMoreWhenItCouldNotBegin) {
+    ScriptedChannel channel({fault(5, "Access is denied.")});
+    Enumeration enumeration(
+        channel, SoapRequests("http://host:5985/wsman", "root\\cimv2", std::chrono::seconds(60)));
+    std::string records;
+    EXPECT_THROW(enumeration.start("Q", records), RuntimeError);
+    EXPECT_THROW(enumeration.pull(records), RuntimeError);
+    EXPECT_THAT(channel.calls, ElementsAre("Enumerate"));
+}
+
 TEST(Enumeration, TakesNoAnswerToAnotherRequest) {
     ScriptedChannel channel({first_answer("A")});
     channel.other_id = "uuid:of-another";

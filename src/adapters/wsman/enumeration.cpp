@@ -39,6 +39,7 @@ void Enumeration::start(const std::string& wql, std::string& records) {
     const SoapAnswer answer = ask(requests_.enumerate(wql), records);
     if (answer.fault) fail_with(*answer.fault);
     take(answer);
+    intact_ = true;
 }
 
 void Enumeration::pull(std::string& records) {
