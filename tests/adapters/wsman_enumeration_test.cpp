@@ -146,6 +146,12 @@ TEST(Enumeration, EndsWithoutAContextToo) {
     EXPECT_THAT(empty.calls, ElementsAre("Enumerate", "Pull A"));
 }
 
+TEST(Enumeration, GivesAContextBackAsItCame) {
+    ScriptedChannel channel({first_answer("&lt;A&amp;&#13;\nB\"&gt;"), answer("", "")});
+    query(channel);
+    EXPECT_THAT(channel.calls, ElementsAre("Enumerate", "Pull <A&\r\nB\">"));
+}
+
 TEST(Enumeration, SendsTheQueryAsItIs) {
     ScriptedChannel channel({"<n:EnumerateResponse/>"});
     const std::string wql = "Select * Where TimeWritten >= '1' and A < '\xFC & \"x\"'";
