@@ -10,7 +10,7 @@ namespace tessarine::sample {
 /// The one user of the sample network, and its password: they protect nothing.
 inline constexpr const char* kSampleDomain = "SAMPLE";
 inline constexpr const char* kSampleUser = "auditor";
-inline constexpr const char* kSamplePassword = "Kestrel-4711";
+inline constexpr const char* kSamplePassword = "Kestrel-4711-over-the-weir";
 
 /// The user list of this process, in memory alone: no file has to be removed, however the process
 /// ends. It is made known through the variable NTLM_USER_FILE (gss-ntlmssp) of the environment, so
