@@ -8,6 +8,7 @@
 set -euo pipefail
 
 bin=$1
+export SHELL=/bin/sh  # What gdb starts programs with.
 skip() {
     echo "skipped: $1"
     exit 77
