@@ -1,11 +1,12 @@
-// Times: as a host sends them, as DMTF text, and as the event files show them. The last bytes of
-// the input are an offset from UTC.
+// Times: as a host sends them, as its clock shows them, as DMTF text, and as the event files show
+// them. The last bytes of the input are the host's time zone.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
 #include <string>
 
 #include "adapters/wsman/cim_datetime.h"
+#include "adapters/wsman/host_clock.h"
 #include "core/regional_text.h"
 #include "fuzz/promises.h"
 #include "store/event_record.h"
@@ -15,8 +16,26 @@ namespace {
 
 using std::chrono::minutes;
 
-// The offsets that a DMTF text can tell.
-constexpr int kMostMinutes = 999;
+ClockChange change_in(FuzzedDataProvider& input) {
+    const auto number = [&] { return int{input.ConsumeIntegral<std::int8_t>()}; };
+    return {.year = input.ConsumeBool() ? 2000 + number() : 0,
+            .month = number(),
+            .day = number(),
+            .day_of_week = number(),
+            .hour = number(),
+            .minute = number(),
+            .second = number(),
+            .millisecond = number()};
+}
+
+HostClock clock_in(FuzzedDataProvider& input) {
+    const auto offset = [&] { return minutes(input.ConsumeIntegral<std::int16_t>()); };
+    const TimeZone zone{.bias = offset(),
+                        .daylight_bias = offset(),
+                        .to_standard = change_in(input),
+                        .to_daylight = change_in(input)};
+    return HostClock::of(zone).value_or(HostClock());
+}
 
 int number(const std::string& text, std::size_t at, std::size_t length) {
     return std::stoi(text.substr(at, length));
@@ -69,9 +88,10 @@ void hold_for_instant(UtcTime instant, minutes offset) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     FuzzedDataProvider input(data, size);
-    const std::chrono::minutes offset(input.ConsumeIntegralInRange(-kMostMinutes, kMostMinutes));
+    const HostClock clock = clock_in(input);
     const std::string text = input.ConsumeRemainingBytesAsString();
-    if (const auto instant = parse_cim_datetime(text)) hold_for_instant(*instant, offset);
+    if (const auto instant = parse_cim_datetime(text))
+        hold_for_instant(*instant, clock.offset_at(*instant));
     succeeds([&] {
         const std::string line = line_of(text);
         hold(EventRecord(line).complete(), "a line has all its fields");

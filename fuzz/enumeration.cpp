@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "adapters/wsman/event_items.h"
 #include "adapters/wsman/failure.h"
 #include "adapters/wsman/limits.h"
 #include "adapters/wsman/text_scrub.h"
@@ -96,9 +97,10 @@ class ScriptedHost final : public SoapChannel {
     // What an answer says is another target's matter.
     void remember_context_of(const std::string& text, const std::string& message_id) {
         std::string cleaned, records;
+        ItemReader items = event_items(records, HostClock());
         scrub(text, cleaned);
         succeeds([&] {
-            const SoapAnswer answer = read_soap_answer(cleaned, records);
+            const SoapAnswer answer = read_soap_answer(cleaned, items);
             if (!answer.fault && answer.relates_to == message_id) context_ = answer.context;
         });
     }
@@ -111,10 +113,10 @@ class ScriptedHost final : public SoapChannel {
 };
 
 // Whether the enumeration came to its end.
-bool pull_all(Enumeration& enumeration, std::string& records) {
+bool pull_all(Enumeration& enumeration, ItemReader& items) {
     return succeeds([&] {
-        enumeration.start("SELECT * FROM Win32_NTLogEvent", records);
-        while (!enumeration.is_finished()) enumeration.pull(records);
+        enumeration.start("SELECT * FROM Win32_NTLogEvent", items);
+        while (!enumeration.is_finished()) enumeration.pull(items);
     });
 }
 
@@ -123,13 +125,14 @@ bool pull_all(Enumeration& enumeration, std::string& records) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     ScriptedHost host(text_of(data, size));
     std::string records;
+    ItemReader items = event_items(records, HostClock());
     bool finished = false;
     {
         Enumeration enumeration(
             host, SoapRequests("http://host:5985/wsman", "root\\cimv2", std::chrono::seconds(50)));
-        finished = pull_all(enumeration, records);
+        finished = pull_all(enumeration, items);
         const std::size_t exchanges = host.exchanges();
-        hold(finished || !succeeds([&] { enumeration.pull(records); }),
+        hold(finished || !succeeds([&] { enumeration.pull(items); }),
              "there is no way on behind a failure");
         hold(host.exchanges() == exchanges, "nobody is asked behind the end");
     }

@@ -1,6 +1,7 @@
 // A decrypted answer of a host, from its bytes to event records.
 #include <string>
 
+#include "adapters/wsman/event_items.h"
 #include "adapters/wsman/limits.h"
 #include "adapters/wsman/soap_answer.h"
 #include "adapters/wsman/text_scrub.h"
@@ -50,7 +51,7 @@ void hold_for_scrubbed(std::string_view document, const std::string& cleaned) {
 }
 
 void hold_for_answer(const SoapAnswer& answer, std::size_t records) {
-    hold(answer.record_count == records, "all records of the answer are counted");
+    hold(answer.item_count == records, "all records of the answer are counted");
     hold(answer.context.size() <= limits::kElementText, "a context has an end");
     if (!answer.fault) return;
     hold(answer.fault->text.size() <= limits::kFaultText, "a host's words are few");
@@ -66,8 +67,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     scrub(document, cleaned);
     hold_for_scrubbed(document, cleaned);
     std::string records;
+    ItemReader items = event_items(records, HostClock());
     SoapAnswer answer;
-    const bool read = succeeds([&] { answer = read_soap_answer(cleaned, records); });
+    const bool read = succeeds([&] { answer = read_soap_answer(cleaned, items); });
     const std::size_t count = hold_for_records(records);
     if (read) hold_for_answer(answer, count);
     return 0;

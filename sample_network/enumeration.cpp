@@ -9,10 +9,12 @@ namespace {
 
 std::function<std::optional<std::string>()> items_of(const SampleHost& host,
                                                      const WqlQuery& query) {
-    if (query.queried == QueriedClass::TimeZone)
-        return [item = std::optional{time_zone_item(host.time_zone)}]() mutable {
+    if (query.queried == QueriedClass::TimeZone) {
+        if (!host.time_zone) throw SoapFault{FaultKind::AccessDenied};
+        return [item = std::optional{time_zone_item(*host.time_zone)}]() mutable {
             return std::exchange(item, std::nullopt);
         };
+    }
     return [walk = host.history(), query]() -> std::optional<std::string> {
         while (const SampleEvent* event = walk())
             if (query.accepts(event->time_written)) return event_item(*event);

@@ -21,7 +21,8 @@ struct Page {
 
 class Enumeration {
   public:
-    /// The items are made as they are asked for. `host` outlives the enumeration.
+    /// The items are made as they are asked for. `host` outlives the enumeration. Raises a
+    /// SoapFault when the host refuses the query.
     Enumeration(const SampleHost& host, const WqlQuery& query);
 
     /// Up to `most_items` items that have no more than `most_units` UTF-16 units together. Raises a

@@ -66,6 +66,7 @@ void add_change(ItemWriter& writer, const std::string& prefix, const ClockChange
     writer.add_number(prefix + "Minute", 0);
     writer.add_number(prefix + "Month", change.month);
     writer.add_number(prefix + "Second", 0);
+    writer.add_number(prefix + "Year", 0);
 }
 
 bool needs_escape(char c) {

@@ -15,9 +15,20 @@ constexpr std::uint32_t kUsualCount = 5000;
 constexpr std::size_t kFirstAddress = 11;
 constexpr std::size_t kMostHosts = 200;
 
-// The clocks of the European Union change in the last Sunday nights of March and October.
+// All clocks of Europe change at one o'clock UTC on the last Sundays of March and October.
 TimeZone european_zone(const char* name, int bias) {
-    return {name, bias, -60, {10, 5, 0, 3}, {3, 5, 0, 2}};
+    const int standard_hour = 1 + bias / 60;
+    return {name, bias, -60, {10, 5, 0, standard_hour + 1}, {3, 5, 0, standard_hour}};
+}
+
+// South of the equator the daylight time lasts over the turn of the year.
+TimeZone australian_zone(const char* name, int bias) {
+    return {name, bias, -60, {4, 1, 0, 3}, {10, 1, 0, 2}};
+}
+
+// Hosts tell the bias of a daylight time that never comes as well.
+TimeZone zone_without_summer_time(const char* name, int bias) {
+    return {name, bias, -60, {}, {}};
 }
 
 // `count` records in the usual proportions.
@@ -77,8 +88,8 @@ SampleHost host_from_file(const std::filesystem::path& path) {
     SampleHost host;
     host.name = path.stem().string();
     host.description = std::to_string(file.events.size()) + " records from a file";
-    host.time_zone.name = "Host Standard Time";
-    host.time_zone.bias = static_cast<int>(file.offset.count());
+    host.time_zone =
+        zone_without_summer_time("Host Standard Time", static_cast<int>(file.offset.count()));
     host.history = history_of(std::move(file.events));
     return host;
 }
@@ -91,15 +102,21 @@ std::vector<SampleHost> built_in_hosts(Instant newest, std::uint32_t large_count
         english_host("FILESRV01", "an English server", usual_logs(kUsualCount), newest));
     hosts.push_back(german_host(newest));
     hosts.push_back(english_host("KIOSK07", "without any record", {}, newest));
+    hosts.back().time_zone = zone_without_summer_time("Tokyo Standard Time", 540);
     hosts.push_back(english_host("WEBSRV02", "an empty Security log",
                                  {{LogName::Application, 400}, {LogName::System, 600}}, newest));
+    hosts.back().time_zone = australian_zone("AUS Eastern Standard Time", 600);
     hosts.push_back(english_host("LOGSRV01", "a large server", usual_logs(large_count), newest));
+    hosts.back().time_zone = zone_without_summer_time("India Standard Time", 330);
     hosts.push_back(english_host("PRINTSRV01", "port 135 answers, 5985 is closed", {}, newest));
     hosts.back().state = HostState::PortMapperOnly;
     hosts.push_back(english_host("NOTEBOOK23", "down", {}, newest));
     hosts.back().state = HostState::Down;
     hosts.push_back(english_host("VAULT01", "denies access", usual_logs(200), newest));
     hosts.back().faults.at_enumerate = FaultKind::AccessDenied;
+    hosts.push_back(
+        english_host("BRANCH09", "keeps its time zone to itself", usual_logs(300), newest));
+    hosts.back().time_zone.reset();
     give_addresses(hosts);
     return hosts;
 }

@@ -45,7 +45,8 @@ struct SampleHost {
     std::string address;
     HostState state = HostState::Running;
     Faults faults;
-    TimeZone time_zone;
+    /// None: the host denies access to it.
+    std::optional<TimeZone> time_zone = TimeZone{};
     EventHistory history;
 };
 

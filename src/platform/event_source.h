@@ -18,8 +18,8 @@ struct Credentials {
 
 /// The eight properties of one Win32_NTLogEvent, in the console's 8-bit code page; a null value has
 /// no text. `TimeGenerated` is a DMTF date-time text (DSP0004, "Datetime type"):
-/// yyyymmddHHMMSS.ffffff+OOO, OOO the offset from UTC in minutes. The views hold until the next
-/// call on the result that gave them.
+/// yyyymmddHHMMSS.ffffff+OOO, what the host's clock showed and its offset from UTC in minutes. The
+/// views hold until the next call on the result that gave them.
 struct EventProperties {
     using Property = std::optional<std::string_view>;
     Property LogFile, Type, TimeGenerated, SourceName, EventCode, ComputerName, Message, User;

@@ -3,110 +3,21 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <deque>
-#include <utility>
 #include <vector>
 
 #include "adapters/wsman/limits.h"
 #include "adapters/wsman/wsman_event_result.h"
-#include "adapters/wsman/xml_reader.h"
 #include "core/runtime_error.h"
+#include "wsman_scripted_channel.h"
 
 namespace tessarine {
 namespace {
 
 using testing::ElementsAre;
 
-// The text of each element of a request by its local name.
-class RequestTexts final : public XmlHandler {
-  public:
-    explicit RequestTexts(std::string_view request) { read_xml(request, *this); }
-    std::string text_of(const std::string& name) const {
-        for (const auto& [found, text] : texts_)
-            if (found == name) return text;
-        return "no " + name;
-    }
-
-  private:
-    void start_element(XmlName name, const XmlAttributes&) override {
-        texts_.emplace_back(name.local, "");
-    }
-    void end_element() override {}
-    void text(std::string_view piece) override { texts_.back().second += piece; }
-
-    std::vector<std::pair<std::string, std::string>> texts_;
-};
-
-// A host that answers with prepared bodies; an empty one is a connection that breaks.
-class ScriptedChannel final : public SoapChannel {
-  public:
-    explicit ScriptedChannel(std::deque<std::string> bodies) : bodies_(std::move(bodies)) {}
-
-    std::string exchange(std::string_view soap) override {
-        if (bodies_.empty()) bodies_.push_back(last_);
-        last_ = bodies_.front();
-        bodies_.pop_front();
-        usable_ = !note(soap).empty() && !last_.empty();
-        if (!usable_) throw RuntimeError(ErrorNumber::Failed, "lost");
-        return "<s:Envelope xmlns:s=\"http://www.w3.org/2003/05/soap-envelope\""
-               " xmlns:a=\"http://schemas.xmlsoap.org/ws/2004/08/addressing\""
-               " xmlns:n=\"http://schemas.xmlsoap.org/ws/2004/09/enumeration\""
-               " xmlns:f=\"http://schemas.microsoft.com/wbem/wsman/1/wsmanfault\"><s:Header>"
-               "<a:RelatesTo>" +
-               related_id_ + "</a:RelatesTo></s:Header><s:Body>" + last_ +
-               "</s:Body></s:Envelope>\r\n";
-    }
-
-    void send_parting(std::string_view soap) override {
-        note(soap);
-        throw RuntimeError(ErrorNumber::Failed, "a host that refuses a Release");
-    }
-
-    bool is_usable() const override { return usable_; }
-
-    // The last part of each action, and the context where there is one.
-    std::vector<std::string> calls;
-    std::string other_id;
-    std::vector<std::string> filters;
-
-  private:
-    std::string note(std::string_view soap) {
-        const RequestTexts request(soap);
-        const std::string action = request.text_of("Action");
-        const std::string call = action.substr(action.rfind('/') + 1);
-        if (call == "Enumerate") filters.push_back(request.text_of("Filter"));
-        related_id_ = other_id.empty() ? request.text_of("MessageID") : other_id;
-        calls.push_back(call == "Enumerate" ? call
-                                            : call + " " + request.text_of("EnumerationContext"));
-        return call;
-    }
-
-    std::deque<std::string> bodies_;
-    std::string last_;
-    std::string related_id_;
-    bool usable_ = true;
-};
-
-std::string answer(const std::string& context, const std::string& items, const char* end = "") {
-    return "<n:PullResponse><n:EnumerationContext>" + context + "</n:EnumerationContext><n:Items>" +
-           items + "</n:Items>" + end + "</n:PullResponse>";
-}
-
-std::string first_answer(const std::string& context) {
-    return "<n:EnumerateResponse><n:EnumerationContext>" + context +
-           "</n:EnumerationContext></n:EnumerateResponse>";
-}
-
 std::string item(const std::string& message) {
     return "<E><Message>" + message + "</Message></E>";
 }
-
-std::string fault(std::uint32_t number, const std::string& words) {
-    return "<s:Fault><s:Detail><f:WSManFault Code=\"" + std::to_string(number) + "\"><f:Message>" +
-           words + "</f:Message></f:WSManFault></s:Detail></s:Fault>";
-}
-
-const std::string kEnd = "<n:EndOfSequence/>";
 
 // The messages of a walk, and the words of the failure that ended it.
 std::vector<std::string> walk(EventResult& result) {
@@ -124,7 +35,7 @@ std::vector<std::string> query(ScriptedChannel& channel,
                                const std::string& wql = "SELECT * FROM Win32_NTLogEvent") {
     const SoapRequests requests("http://host:5985/wsman", "root\\cimv2", std::chrono::seconds(60));
     try {
-        WsmanEventResult result(channel, requests, wql, "");
+        WsmanEventResult result(channel, requests, HostClock(), wql, "");
         return walk(result);
     } catch (const RuntimeError& error) {
         return {"refused: " + error.description()};
@@ -133,7 +44,7 @@ std::vector<std::string> query(ScriptedChannel& channel,
 
 TEST(Enumeration, PullsWithTheLatestContextToTheEnd) {
     ScriptedChannel channel({first_answer("A"), answer("B", item("1") + item("2")), answer("C", ""),
-                             answer("D", item("3"), kEnd.c_str())});
+                             answer("D", item("3"), kEnd)});
     EXPECT_THAT(query(channel), ElementsAre("1", "2", "3"));
     EXPECT_THAT(channel.calls, ElementsAre("Enumerate", "Pull A", "Pull B", "Pull C"));
 }
@@ -164,7 +75,7 @@ TEST(Enumeration, MayTimeOutOnceInARow) {
     const std::string timed_out = fault(kFaultTimedOut, "Timed out.");
     const std::string forgotten = fault(kFaultInvalidContext, "No such context.");
     ScriptedChannel patient({first_answer("A"), timed_out, answer("A", item("1")), timed_out,
-                             answer("A", item("2"), kEnd.c_str())});
+                             answer("A", item("2"), kEnd)});
     EXPECT_THAT(query(patient), ElementsAre("1", "2"));
     ScriptedChannel twice({first_answer("A"), timed_out, fault(kFaultTimedOut, "Again.")});
     EXPECT_THAT(query(twice), ElementsAre("failed: Again."));
@@ -192,9 +103,9 @@ TEST(Enumeration, AsksNothingMoreWhenItCouldNotBegin) {
     ScriptedChannel channel({fault(5, "Access is denied.")});
     Enumeration enumeration(
         channel, SoapRequests("http://host:5985/wsman", "root\\cimv2", std::chrono::seconds(60)));
-    std::string records;
-    EXPECT_THROW(enumeration.start("Q", records), RuntimeError);
-    EXPECT_THROW(enumeration.pull(records), RuntimeError);
+    ItemReader items({}, [](std::span<ItemValue>) {});
+    EXPECT_THROW(enumeration.start("Q", items), RuntimeError);
+    EXPECT_THROW(enumeration.pull(items), RuntimeError);
     EXPECT_THAT(channel.calls, ElementsAre("Enumerate"));
 }
 
@@ -215,7 +126,7 @@ TEST(EventResult, IsPulledOnceAndWalkedManyTimes) {
     ScriptedChannel channel(
         {first_answer("A"), answer("A", item("1")), answer("A", item("2")), answer("", item("3"))});
     const SoapRequests requests("http://host:5985/wsman", "root\\cimv2", std::chrono::seconds(60));
-    WsmanEventResult result(channel, requests, "Q", "");
+    WsmanEventResult result(channel, requests, HostClock(), "Q", "");
     EventProperties event;
     ASSERT_TRUE(result.next(event));
     result.start_over();
@@ -230,7 +141,7 @@ TEST(EventResult, CantGoOnAfterAFailure) {
     ScriptedChannel channel(
         {first_answer("A"), answer("A", item("1")), fault(14, "Out of order.")});
     const SoapRequests requests("http://host:5985/wsman", "root\\cimv2", std::chrono::seconds(60));
-    WsmanEventResult result(channel, requests, "Q", "");
+    WsmanEventResult result(channel, requests, HostClock(), "Q", "");
     EXPECT_THAT(walk(result), ElementsAre("1", "failed: Out of order."));
     EXPECT_THAT(walk(result), ElementsAre("failed: The query has ended with an error"));
     EXPECT_THROW(result.start_over(), RuntimeError);

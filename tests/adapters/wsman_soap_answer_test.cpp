@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "adapters/wsman/event_items.h"
 #include "adapters/wsman/event_records.h"
 #include "adapters/wsman/limits.h"
 #include "core/runtime_error.h"
@@ -40,7 +41,8 @@ struct Read {
 
 Read read(const std::string& body) {
     Read result;
-    result.answer = read_soap_answer(envelope(body), result.records);
+    ItemReader items = event_items(result.records, HostClock());
+    result.answer = read_soap_answer(envelope(body), items);
     return result;
 }
 
@@ -65,7 +67,7 @@ b &lt;&#xFC;&#x20AC;&gt;</p:Message><p:SourceName></p:SourceName>
               "-|-|-|-|-|-|-|D\\u|\n");
     EXPECT_EQ(pull.answer.context, "uuid:next");
     EXPECT_EQ(pull.answer.relates_to, "uuid:7");
-    EXPECT_EQ(pull.answer.record_count, 2u);
+    EXPECT_EQ(pull.answer.item_count, 2u);
     EXPECT_FALSE(pull.answer.ends_sequence);
     EXPECT_FALSE(pull.answer.fault);
 }
@@ -95,7 +97,7 @@ TEST(SoapAnswer, MayHaveNoRecords) {
                              "<n:PullResponse><n:Items/><n:EndOfSequence/></n:PullResponse>"}) {
         const Read pull = read(body);
         EXPECT_TRUE(pull.answer.ends_sequence);
-        EXPECT_EQ(pull.answer.record_count, 0u);
+        EXPECT_EQ(pull.answer.item_count, 0u);
         EXPECT_EQ(pull.records, "");
     }
 }
@@ -148,8 +150,9 @@ TEST(SoapAnswer, IsRefusedWhenAHostOverdoesIt) {
 
 TEST(SoapAnswer, MayHaveNoDocumentType) {
     std::string records;
+    ItemReader items = event_items(records, HostClock());
     try {
-        read_soap_answer("<!DOCTYPE a [<!ENTITY b \"c\">]><a>&b;</a>", records);
+        read_soap_answer("<!DOCTYPE a [<!ENTITY b \"c\">]><a>&b;</a>", items);
         FAIL();
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.description(),

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "network/wire_bench.h"
+#include "sample_network/event_files.h"
 
 namespace tessarine {
 namespace {
@@ -61,6 +62,46 @@ TEST(AuditOverTheWire, ADateNarrowsWhatIsPulled) {
     EXPECT_LT(that_day.size(), since);
     EXPECT_FALSE(that_day.empty());
     EXPECT_EQ(that_day.find("|5/12/2024|"), std::string::npos);
+}
+
+// Each record at noon UTC.
+sample::EventHistory history_on(std::initializer_list<std::chrono::sys_days> days) {
+    std::vector<sample::SampleEvent> events;
+    for (const std::chrono::sys_days day : days) {
+        const sample::Instant noon = day + std::chrono::hours(12);
+        events.push_back({.log_file = "System",
+                          .type = "Error",
+                          .source_name = "disk",
+                          .event_code = 7,
+                          .computer_name = "PC1",
+                          .message = "m",
+                          .time_generated = noon,
+                          .time_written = noon});
+    }
+    return sample::history_of(std::move(events));
+}
+
+TEST(AuditOverTheWire, ShowsTheHostsOwnWallClock) {
+    struct Case {
+        const char *host, *january, *july;
+    };
+    const Case cases[] = {
+        {"BERLIN01", "1/15/2024|1:00:00 PM", "7/15/2024|2:00:00 PM"},
+        {"WEBSRV02", "1/15/2024|11:00:00 PM", "7/15/2024|10:00:00 PM"},
+        {"LOGSRV01", "1/15/2024|5:30:00 PM", "7/15/2024|5:30:00 PM"},
+        {"BRANCH09", "1/15/2024|12:00:00 PM", "7/15/2024|12:00:00 PM"},
+    };
+    std::vector<SampleHost> hosts = hosts_named({"BERLIN01", "WEBSRV02", "LOGSRV01", "BRANCH09"});
+    constexpr auto kYear = std::chrono::year{2024};
+    for (SampleHost& host : hosts) host.history = history_on({kYear / 1 / 15, kYear / 7 / 15});
+    WireBench bench(std::move(hosts));
+    for (const Case& c : cases) {
+        bench.audit(c.host);
+        EXPECT_EQ(bench.outcome(), "ok: ");
+        const std::string rest = "|disk|7|N/A|PC1|m\r\n";
+        EXPECT_EQ(bench.bytes_of(c.host, "system"),
+                  "Error|" + std::string(c.january) + rest + "Error|" + c.july + rest);
+    }
 }
 
 TEST(AuditOverTheWire, SaysInWordsWhyAHostGaveNothing) {

@@ -3,12 +3,14 @@
 usage: check_store.py EVENTS STORE NAME[=STORED-NAME]...
 
 EVENTS holds hosts/NAME.jsonl, STORE holds Data. Counts, order and every field must agree, the times
-in UTC in the forms of the C locale. Needs nothing but Python.
+in the forms of the C locale and on the host's clock, whose offset from UTC is the one that most of
+its records carry. Needs nothing but Python.
 """
 
 import datetime
 import json
 import pathlib
+import statistics
 import sys
 
 # Invisible format characters are dropped, not replaced.
@@ -29,19 +31,23 @@ def eight_bit(text):
     return bytes(kept)
 
 
-def moment(stamp):
-    """Date and time of a DMTF text, in UTC."""
-    offset = int(stamp[21:])
-    local = datetime.datetime.strptime(stamp[:14], "%Y%m%d%H%M%S")
-    utc = local - datetime.timedelta(minutes=offset)
-    hour = utc.hour % 12 or 12
-    half = "AM" if utc.hour < 12 else "PM"
-    date = f"{utc.month}/{utc.day}/{utc.year}"
-    return date.encode(), f"{hour}:{utc.minute:02}:{utc.second:02} {half}".encode()
+def offset_in(stamp):
+    """The minutes from UTC that a DMTF text carries."""
+    return int(stamp[21:])
 
 
-def line_of(event):
-    date, time = moment(event["TimeGenerated"])
+def moment(stamp, offset):
+    """Date and time of a DMTF text on a clock that is `offset` minutes ahead of UTC."""
+    told = datetime.datetime.strptime(stamp[:14], "%Y%m%d%H%M%S")
+    local = told + datetime.timedelta(minutes=offset - offset_in(stamp))
+    hour = local.hour % 12 or 12
+    half = "AM" if local.hour < 12 else "PM"
+    date = f"{local.month}/{local.day}/{local.year}"
+    return date.encode(), f"{hour}:{local.minute:02}:{local.second:02} {half}".encode()
+
+
+def line_of(event, offset):
+    date, time = moment(event["TimeGenerated"], offset)
     fields = [
         eight_bit(event["Type"]), date, time, eight_bit(event["SourceName"]),
         str(event["EventCode"]).encode(), eight_bit(event["User"]) or b"N/A",
@@ -53,9 +59,11 @@ def line_of(event):
 def check_host(events, data, name, stored):
     wanted = {"System": [], "Application": [], "Security": []}
     with open(events / "hosts" / f"{name}.jsonl", encoding="utf-8") as lines:
-        for line in lines:
-            event = json.loads(line)
-            wanted[event["LogFile"]].append(line_of(event))
+        given = [json.loads(line) for line in lines]
+    offsets = [offset_in(event["TimeGenerated"]) for event in given]
+    offset = statistics.mode(offsets or [0])
+    for event in given:
+        wanted[event["LogFile"]].append(line_of(event, offset))
     faults = 0
     for log, records in wanted.items():
         found = (data / f"{stored}_{log.lower()}.log").read_bytes()

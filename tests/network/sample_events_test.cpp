@@ -121,7 +121,7 @@ TEST(SampleHosts, AreReadFromAFolder) {
     std::ofstream(scratch.path() / "hosts" / "notes.txt") << "none of them";
     const auto hosts = hosts_from_files(scratch.path());
     EXPECT_EQ(hosts_file_lines(hosts), "127.0.0.11\tPC1.sample.example\n127.0.0.12\tpc2\n");
-    EXPECT_EQ(hosts[0].time_zone.bias, -300);
+    EXPECT_EQ(hosts[0].time_zone->bias, -300);
     EXPECT_EQ(all_events(hosts[0].history).size(), 1u);
     EXPECT_EQ(all_events(hosts[1].history).size(), 0u);
 }

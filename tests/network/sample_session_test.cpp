@@ -134,13 +134,19 @@ TEST(SampleSession, LeavesRoomForALongMessageNumber) {
 }
 
 TEST(SampleSession, TellsItsTimeZone) {
-    const SampleHost host = built_in_hosts({}, 20)[1];
-    const SoapAnswer answer =
-        WsmanSession(host).answer(enumerate_message("SELECT * FROM Win32_TimeZone"));
+    SampleHost host = built_in_hosts({}, 20)[1];
+    const auto ask = [&] {
+        return WsmanSession(host).answer(enumerate_message("SELECT * FROM Win32_TimeZone"));
+    };
+    const SoapAnswer answer = ask();
     EXPECT_THAT(values_in(answer.text, "Bias"), testing::ElementsAre("60"));
     EXPECT_THAT(values_in(answer.text, "DaylightBias"), testing::ElementsAre("-60"));
     EXPECT_THAT(values_in(answer.text, "StandardMonth"), testing::ElementsAre("10"));
+    EXPECT_THAT(values_in(answer.text, "StandardDay"), testing::ElementsAre("5"));
+    EXPECT_THAT(values_in(answer.text, "StandardYear"), testing::ElementsAre("0"));
     EXPECT_EQ(context_in(answer.text), "");
+    host.time_zone.reset();
+    EXPECT_EQ(fault_code(ask()), "5");
 }
 
 TEST(SampleSession, DeniesAccessWhereTheHostDoes) {

@@ -35,19 +35,19 @@ void Enumeration::release() {
     }
 }
 
-void Enumeration::start(const std::string& wql, std::string& records) {
-    const SoapAnswer answer = ask(requests_.enumerate(wql), records);
+void Enumeration::start(const std::string& wql, ItemReader& items) {
+    const SoapAnswer answer = ask(requests_.enumerate(wql), items);
     if (answer.fault) fail_with(*answer.fault);
     take(answer);
     intact_ = true;
 }
 
-void Enumeration::pull(std::string& records) {
+void Enumeration::pull(ItemReader& items) {
     if (!std::exchange(intact_, false)) raise_failure("The query has ended with an error");
-    const SoapAnswer answer = pull_patiently(records);
+    const SoapAnswer answer = pull_patiently(items);
     if (answer.fault) fail_with(*answer.fault);
     take(answer);
-    empty_pulls_ = answer.record_count == 0 ? empty_pulls_ + 1 : 0;
+    empty_pulls_ = answer.item_count == 0 ? empty_pulls_ + 1 : 0;
     if (!finished_ && empty_pulls_ > limits::kEmptyPulls)
         raise_failure("The host sends no more records");
     intact_ = true;
@@ -55,18 +55,18 @@ void Enumeration::pull(std::string& records) {
 
 // A host that found nothing in its time limit may go on from there, once; some have forgotten the
 // enumeration by then, which must not hide the first fault.
-SoapAnswer Enumeration::pull_patiently(std::string& records) {
-    SoapAnswer answer = ask(requests_.pull(context_), records);
+SoapAnswer Enumeration::pull_patiently(ItemReader& items) {
+    SoapAnswer answer = ask(requests_.pull(context_), items);
     if (!answer.fault || !answer.fault->is(kFaultTimedOut, "TimedOut")) return answer;
-    SoapAnswer second = ask(requests_.pull(context_), records);
+    SoapAnswer second = ask(requests_.pull(context_), items);
     const bool forgotten =
         second.fault && second.fault->is(kFaultInvalidContext, "InvalidEnumerationContext");
     return forgotten ? answer : second;
 }
 
-SoapAnswer Enumeration::ask(const SoapRequest& request, std::string& records) {
+SoapAnswer Enumeration::ask(const SoapRequest& request, ItemReader& items) {
     scrub(channel_.exchange(request.text), cleaned_);
-    SoapAnswer answer = read_soap_answer(cleaned_, records);
+    SoapAnswer answer = read_soap_answer(cleaned_, items);
     // A host that could not read the request can't tell which one its fault is about.
     const bool unrelated_fault = answer.fault && answer.relates_to.empty();
     if (!unrelated_fault && !same_ascii_text(answer.relates_to, request.message_id))

@@ -17,19 +17,19 @@ class Enumeration {
     Enumeration(const Enumeration&) = delete;
     Enumeration& operator=(const Enumeration&) = delete;
 
-    /// Begins it with a query. The answer's records are appended to `records`, here and in pull(),
-    /// as append_event does. Raises a RuntimeError with the host's words when it answers with a
-    /// fault; after an error the enumeration can't go on.
-    void start(const std::string& wql, std::string& records);
+    /// Begins it with a query. The answer's items are read by `items`, here and in pull(). Raises a
+    /// RuntimeError with the host's words when it answers with a fault; after an error the
+    /// enumeration can't go on.
+    void start(const std::string& wql, ItemReader& items);
 
     bool is_finished() const { return finished_; }
 
-    /// Takes the host's next records, which may be none.
-    void pull(std::string& records);
+    /// Takes the host's next items, which may be none.
+    void pull(ItemReader& items);
 
   private:
-    SoapAnswer ask(const SoapRequest& request, std::string& records);
-    SoapAnswer pull_patiently(std::string& records);
+    SoapAnswer ask(const SoapRequest& request, ItemReader& items);
+    SoapAnswer pull_patiently(ItemReader& items);
     void take(const SoapAnswer& answer);
     void release();
 

@@ -25,6 +25,8 @@ inline constexpr int kEnvelopeSize = 512000;
 inline constexpr int kElementsPerPull = 1000;
 /// Pulls in a row that bring no record. Their number in all is not limited: logs can be large.
 inline constexpr int kEmptyPulls = 100;
+/// Pulls for the one item that tells a host's time zone.
+inline constexpr int kTimeZonePulls = 5;
 /// Bytes of one query's records in the temporary file.
 inline constexpr std::uint64_t kSpoolSize = std::uint64_t{64} << 30;
 

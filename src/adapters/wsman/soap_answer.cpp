@@ -5,7 +5,6 @@
 
 #include "adapters/wsman/ascii.h"
 #include "adapters/wsman/failure.h"
-#include "adapters/wsman/item_reader.h"
 #include "adapters/wsman/limits.h"
 #include "adapters/wsman/xml_names.h"
 #include "adapters/wsman/xml_reader.h"
@@ -93,7 +92,7 @@ std::string flattened(std::string_view utf8) {
 
 class AnswerReader final : public XmlHandler {
   public:
-    explicit AnswerReader(std::string& records) : items_(records) {}
+    explicit AnswerReader(ItemReader& items) : items_(items) {}
 
     SoapAnswer finish();
 
@@ -106,7 +105,7 @@ class AnswerReader final : public XmlHandler {
     std::string* text_at(Place place);
     Place place() const { return path_.empty() ? Place::Outside : path_.back(); }
 
-    ItemReader items_;
+    ItemReader& items_;
     std::vector<Place> path_;
     SoapAnswer answer_;
     SoapFault fault_;
@@ -132,10 +131,9 @@ void AnswerReader::enter(Place place, const XmlAttributes& attributes) {
 }
 
 void AnswerReader::end_element() {
-    if (items_.is_inside())
-        items_.end_element();
-    else
-        path_.pop_back();
+    if (!items_.is_inside()) return path_.pop_back();
+    items_.end_element();
+    if (!items_.is_inside()) ++answer_.item_count;
 }
 
 void AnswerReader::text(std::string_view piece) {
@@ -168,7 +166,6 @@ SoapAnswer AnswerReader::finish() {
     if (!is_response_ && !is_fault_) raise_failure("The host's answer is of an unknown kind");
     answer_.relates_to = trimmed(answer_.relates_to);
     answer_.context = trimmed(answer_.context);
-    answer_.record_count = items_.count();
     if (!is_fault_) return std::move(answer_);
     fault_.code = trimmed(fault_.code.substr(fault_.code.find(':') + 1));
     fault_.text = flattened(message_);
@@ -179,8 +176,8 @@ SoapAnswer AnswerReader::finish() {
 
 }  // namespace
 
-SoapAnswer read_soap_answer(std::string_view envelope, std::string& records) {
-    AnswerReader reader(records);
+SoapAnswer read_soap_answer(std::string_view envelope, ItemReader& items) {
+    AnswerReader reader(items);
     read_xml(envelope, reader);
     return reader.finish();
 }

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "adapters/wsman/item_reader.h"
+
 namespace tessarine {
 
 /// Numbers of faults (WSManFault, attribute Code) that the console treats in a way of their own.
@@ -32,12 +34,12 @@ struct SoapAnswer {
     /// For the next Pull; empty when there is none.
     std::string context;
     bool ends_sequence = false;
-    std::size_t record_count = 0;
+    std::size_t item_count = 0;
     std::optional<SoapFault> fault;
 };
 
-/// Reads an envelope (UTF-8, scrubbed) and appends its items to `records`, as append_event does.
+/// Reads an envelope (UTF-8, scrubbed) and what it holds between the tags of its Items by `items`.
 /// Raises a RuntimeError for what is neither an answer to Enumerate or Pull nor a fault.
-SoapAnswer read_soap_answer(std::string_view envelope, std::string& records);
+SoapAnswer read_soap_answer(std::string_view envelope, ItemReader& items);
 
 }  // namespace tessarine

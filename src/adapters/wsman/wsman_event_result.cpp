@@ -1,11 +1,16 @@
 #include "adapters/wsman/wsman_event_result.h"
 
+#include "adapters/wsman/event_items.h"
+
 namespace tessarine {
 
 WsmanEventResult::WsmanEventResult(SoapChannel& channel, const SoapRequests& requests,
-                                   const std::string& query, const std::string& temporary_folder)
-    : spool_(temporary_folder), enumeration_(channel, requests) {
-    enumeration_.start(query, records_);
+                                   const HostClock& clock, const std::string& query,
+                                   const std::string& temporary_folder)
+    : spool_(temporary_folder),
+      enumeration_(channel, requests),
+      items_(event_items(records_, clock)) {
+    enumeration_.start(query, items_);
     spool_.append(records_);
 }
 
@@ -24,7 +29,7 @@ bool WsmanEventResult::next(EventProperties& event) {
 
 void WsmanEventResult::pull() {
     records_.clear();
-    enumeration_.pull(records_);
+    enumeration_.pull(items_);
     spool_.append(records_);
 }
 

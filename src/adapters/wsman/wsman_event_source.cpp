@@ -4,6 +4,7 @@
 #include "adapters/wsman/host_address.h"
 #include "adapters/wsman/sealed_channel.h"
 #include "adapters/wsman/soap_request.h"
+#include "adapters/wsman/time_zone_query.h"
 #include "adapters/wsman/wsman_event_result.h"
 
 namespace tessarine {
@@ -27,7 +28,9 @@ class WsmanEventService final : public EventService {
     }
 
     std::unique_ptr<EventResult> exec_query(const std::string& query) override {
-        return std::make_unique<WsmanEventResult>(*channel_, requests_, query, temporary_folder_);
+        if (!clock_) clock_ = ask_host_clock(*channel_, requests_);
+        return std::make_unique<WsmanEventResult>(*channel_, requests_, *clock_, query,
+                                                  temporary_folder_);
     }
 
   private:
@@ -37,6 +40,7 @@ class WsmanEventService final : public EventService {
 
     std::unique_ptr<SealedChannel> channel_;
     SoapRequests requests_;
+    std::optional<HostClock> clock_;  // from the first query on
     std::string temporary_folder_;
 };
 
