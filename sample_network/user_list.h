@@ -10,7 +10,7 @@ namespace tessarine::sample {
 /// The user of the sample network, and the password: they protect nothing.
 inline constexpr const char* kSampleDomain = "SAMPLE";
 inline constexpr const char* kSampleUser = "auditor";
-inline constexpr const char* kSamplePassword = "Kestrel-4711";
+inline constexpr const char* kSamplePassword = "Kestrel-4711-over-the-weir";
 
 /// A host in no domain, and the user whom it alone knows, with the same password.
 inline constexpr const char* kWorkgroupHost = "WORKSHOP01";

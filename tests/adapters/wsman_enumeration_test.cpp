@@ -57,6 +57,12 @@ TEST(Enumeration, EndsWithoutAContextToo) {
     EXPECT_THAT(empty.calls, ElementsAre("Enumerate", "Pull A"));
 }
 
+TEST(Enumeration, GivesAContextBackAsItCame) {
+    ScriptedChannel channel({first_answer("&lt;A&amp;&#13;\nB\"&gt;"), answer("", "")});
+    query(channel);
+    EXPECT_THAT(channel.calls, ElementsAre("Enumerate", "Pull <A&\r\nB\">"));
+}
+
 TEST(Enumeration, SendsTheQueryAsItIs) {
     ScriptedChannel channel({"<n:EnumerateResponse/>"});
     const std::string wql = "Select * Where TimeWritten >= '1' and A < '\xFC & \"x\"'";
@@ -91,6 +97,16 @@ TEST(Enumeration, FailsInTheHostsWordsAndGivesItselfBack) {
     ScriptedChannel lost({first_answer("A"), ""});
     EXPECT_THAT(query(lost), ElementsAre("failed: lost"));
     EXPECT_THAT(lost.calls, ElementsAre("Enumerate", "Pull A"));
+}
+
+TEST(Enumeration, AsksNothingMoreWhenItCouldNotBegin) {
+    ScriptedChannel channel({fault(5, "Access is denied.")});
+    Enumeration enumeration(
+        channel, SoapRequests("http://host:5985/wsman", "root\\cimv2", std::chrono::seconds(60)));
+    ItemReader items({}, [](std::span<ItemValue>) {});
+    EXPECT_THROW(enumeration.start("Q", items), RuntimeError);
+    EXPECT_THROW(enumeration.pull(items), RuntimeError);
+    EXPECT_THAT(channel.calls, ElementsAre("Enumerate"));
 }
 
 TEST(Enumeration, TakesNoAnswerToAnotherRequest) {

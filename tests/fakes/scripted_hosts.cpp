@@ -9,13 +9,21 @@ void raise_if_any(const std::string& words) {
     if (!words.empty()) throw RuntimeError(ErrorNumber::Failed, words);
 }
 
+void keep_level(int level, int highest) {
+    if (level > highest) raise_if_any("The level can't be kept");
+}
+
 class ScriptedResult final : public EventResult {
   public:
     explicit ScriptedResult(const ScriptedHost& host) : host_(host) {}
 
-    void start_over() override { position_ = 0; }
+    void start_over() override {
+        raise_if_any(failure_);
+        position_ = 0;
+    }
 
     bool next(EventProperties& event) override {
+        raise_if_any(failure_);
         // Views into the record before this one end here, in memory that is given back.
         current_.reset();
         if (position_ == 0) ++pass_;
@@ -23,7 +31,8 @@ class ScriptedResult final : public EventResult {
         const int record = static_cast<int>(++position_);
         if (host_.before_record) host_.before_record(pass_, record);
         if (pass_ == host_.failing_pass && record == host_.failing_record)
-            raise_if_any(host_.record_error);
+            failure_ = host_.record_error;
+        raise_if_any(failure_);
         current_ = std::make_unique<HostEvent>(host_.records[position_ - 1]);
         event = {.LogFile = current_->LogFile,
                  .Type = current_->Type,
@@ -41,6 +50,7 @@ class ScriptedResult final : public EventResult {
     std::unique_ptr<HostEvent> current_;
     std::size_t position_ = 0;
     int pass_ = 0;
+    std::string failure_;  // There is no way on behind it.
 };
 
 class ScriptedService final : public EventService {
@@ -51,9 +61,11 @@ class ScriptedService final : public EventService {
     void set_authentication_level(int level) override {
         source_.log += "authentication " + std::to_string(level) + "\n";
         raise_if_any(host_.level_error);
+        keep_level(level, kAuthenticationPacketPrivacy);
     }
     void set_impersonation_level(int level) override {
         source_.log += "impersonation " + std::to_string(level) + "\n";
+        keep_level(level, kImpersonationImpersonate);
     }
     std::unique_ptr<EventResult> exec_query(const std::string& query) override {
         source_.log += "query " + query + "\n";

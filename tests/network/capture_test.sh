@@ -75,7 +75,7 @@ stored = b"".join(path.read_bytes() for path in (scratch / name / "Data").iterdi
 WIDTH = 8
 words = {part for line in stored.split(b"\r\n") for part in re.split(rb"[|~]", line)}
 words = {word for word in words if len(word) >= WIDTH}
-secret = b"Kestrel-4711"
+secret = b"Kestrel-4711-over-the-weir"
 wide = {word.decode("cp1252", "replace").encode("utf-16-le") for word in words | {secret}}
 sought = words | wide | {secret}
 # Only a text whose first bytes are somewhere in the capture can be there as a whole.

@@ -4,7 +4,7 @@ import pathlib
 
 from cpp_source import CppSource
 
-CODE_FOLDERS = ("src", "sample_network", "bench", "tools", "tests")
+CODE_FOLDERS = ("src", "sample_network", "bench", "tools", "tests", "fuzz")
 
 
 class Finding:

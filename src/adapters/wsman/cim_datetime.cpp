@@ -11,6 +11,10 @@ namespace {
 constexpr std::string_view kSecondsForm = "0000-00-00T00:00:00";
 constexpr std::size_t kMostFractionDigits = 9;
 
+// No clock is a day away from UTC.
+constexpr UtcTime kFirst = std::chrono::sys_days(std::chrono::year(100) / 1 / 2);
+constexpr UtcTime kEnd = std::chrono::sys_days(std::chrono::year(9999) / 12 / 31);
+
 // Whether `text` is like `form`, in which a "0" stands for any digit.
 bool has_form(std::string_view text, std::string_view form) {
     return std::equal(text.begin(), text.end(), form.begin(), form.end(),
@@ -67,7 +71,9 @@ std::optional<UtcTime> parse_cim_datetime(std::string_view text) {
     const auto fraction = take_fraction(text);
     const auto zone = parse_zone(text);
     if (!fraction || !zone) return std::nullopt;
-    return *seconds + *fraction - *zone;
+    const UtcTime instant = *seconds + *fraction - *zone;
+    if (instant < kFirst || instant >= kEnd) return std::nullopt;
+    return instant;
 }
 
 std::string dmtf_text(UtcTime instant, std::chrono::minutes offset) {

@@ -39,6 +39,7 @@ void Enumeration::start(const std::string& wql, ItemReader& items) {
     const SoapAnswer answer = ask(requests_.enumerate(wql), items);
     if (answer.fault) fail_with(*answer.fault);
     take(answer);
+    intact_ = true;
 }
 
 void Enumeration::pull(ItemReader& items) {

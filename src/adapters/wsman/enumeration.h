@@ -39,7 +39,7 @@ class Enumeration {
     std::string cleaned_;  // The last answer; kept for its memory.
     int empty_pulls_ = 0;
     bool finished_ = false;
-    bool intact_ = true;
+    bool intact_ = false;
 };
 
 }  // namespace tessarine

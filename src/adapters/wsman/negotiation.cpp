@@ -10,6 +10,7 @@
 #include "adapters/wsman/host_address.h"
 #include "adapters/wsman/kerberos_error.h"
 #include "adapters/wsman/mechanisms.h"
+#include "adapters/wsman/no_traces.h"
 #include "core/code_page.h"
 #include "core/secret_text.h"
 
@@ -80,6 +81,7 @@ Negotiation::Negotiation(const std::string& host, const std::optional<Credential
 
 void Negotiation::acquire_for(const Credentials& credentials, bool host_has_name) {
     if (credentials.password.empty()) raise_failure("The alternate user has no password");
+    const NoTraces no_traces;
     const std::string name(to_utf8(without_own_host(credentials.user)));
     const SecretText password(to_utf8(credentials.password));
     gss_buffer_desc secret = gss_input(password.text());
@@ -153,7 +155,9 @@ bool Negotiation::has_ticket() {
     return false;
 }
 
+// Kerberos asks for the ticket only here, with the password that it has kept so far.
 std::string Negotiation::next_token(std::string_view token) {
+    const NoTraces no_traces;
     Spnego spnego;
     Ntlm ntlm;
     OM_uint32 minor = 0;

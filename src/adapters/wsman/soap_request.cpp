@@ -29,6 +29,8 @@ std::string escaped(std::string_view text) {
             xml += "&lt;";
         else if (c == '>')
             xml += "&gt;";
+        else if (c == '\r')
+            xml += "&#13;";  // A raw one would be read as a line feed.
         else
             xml += c;
     }
