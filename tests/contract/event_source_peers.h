@@ -41,6 +41,7 @@ class WirePeer {
                                           const Credentials& credentials);
 
     sample::UserList users_;
+    sample::CertificateAuthority authority_;
     std::list<sample::SampleNetwork> networks_;
 };
 

@@ -104,17 +104,17 @@ inline constexpr HarmlessCase kHarmlessFaults[] = {
     {"timed-out"},
     {"slow"},
     {"many-items"},
-    {"latin-1", "Information|5/17/2024|12:00:00 AM|Fault|4711|N/A|FAULT|M?nchen\r\n"},
+    {"latin-1", "Information|5/17/2024|1:00:00 AM|Fault|4711|N/A|FAULT|M?nchen\r\n"},
     // As bytes, half a pair and what is no character take three each.
     {"illegal-characters",
-     "Information|5/17/2024|12:00:00 AM|Fault|4711|N/A|FAULT|[???]\r\n"
-     "Information|5/17/2024|12:00:00 AM|Fault|4711|N/A|FAULT|[?]\r\n"
-     "Information|5/17/2024|12:00:00 AM|Fault|4711|N/A|FAULT|[???]\r\n"
-     "Information|5/17/2024|12:00:00 AM|Fault|4711|N/A|FAULT|[?]\r\n"
-     "Information|5/17/2024|12:00:00 AM|Fault|4711|N/A|FAULT|[?]\r\n"
-     "Information|5/17/2024|12:00:00 AM|Fault|4711|N/A|FAULT|[?]\r\n"},
-    {"raw-line-ends", "Information|5/17/2024|12:00:00 AM|Fault|4711|N/A|FAULT|one~two\nthree\r\n"},
-    {"bare-item", "|5/17/2024|12:00:00 AM|||N/A||\r\n"},
+     "Information|5/17/2024|1:00:00 AM|Fault|4711|N/A|FAULT|[???]\r\n"
+     "Information|5/17/2024|1:00:00 AM|Fault|4711|N/A|FAULT|[?]\r\n"
+     "Information|5/17/2024|1:00:00 AM|Fault|4711|N/A|FAULT|[???]\r\n"
+     "Information|5/17/2024|1:00:00 AM|Fault|4711|N/A|FAULT|[?]\r\n"
+     "Information|5/17/2024|1:00:00 AM|Fault|4711|N/A|FAULT|[?]\r\n"
+     "Information|5/17/2024|1:00:00 AM|Fault|4711|N/A|FAULT|[?]\r\n"},
+    {"raw-line-ends", "Information|5/17/2024|1:00:00 AM|Fault|4711|N/A|FAULT|one~two\nthree\r\n"},
+    {"bare-item", "|5/17/2024|1:00:00 AM|||N/A||\r\n"},
     {"old-limits"},
     {"all-at-once"},
 };

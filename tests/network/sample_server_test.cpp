@@ -47,7 +47,7 @@ class SampleServer : public testing::Test {
 };
 
 constexpr std::size_t kEnglish = 0, kLarge = 4, kNoService = 5, kDown = 6, kDenied = 7,
-                      kWorkgroup = 10;
+                      kWorkgroup = 11;
 
 TEST_F(SampleServer, DeliversAllRecordsUnderSeal) {
     const auto host = channel(kEnglish, kAuditor);
