@@ -39,6 +39,7 @@ std::size_t TlsConnection::read_some(std::span<char> buffer, std::chrono::millis
 }
 
 void TlsConnection::write(std::string_view bytes) {
+    if (bytes.empty()) return;  // TLS takes that for an error.
     const auto size = static_cast<int>(bytes.size());
     run([&] { return SSL_write(tls_.get(), bytes.data(), size); }, kPatience);
 }

@@ -30,8 +30,10 @@ class WsmanConnection {
         const char* type = tls_ ? "application/soap+xml" : "multipart/encrypted";
         if (!request.content_type.starts_with(type) && !request.body.empty())
             return {500, {}, {}, {}};
-        if (acceptor_.context() == GSS_C_NO_CONTEXT || !known_)
+        if (acceptor_.context() == GSS_C_NO_CONTEXT || !known_) {
+            faults().begin(Moment::Knock);
             return {401, "Negotiate", {}, {}, true};
+        }
         return tls_ ? answer_plain(request.body) : answer_sealed(request.body);
     }
 

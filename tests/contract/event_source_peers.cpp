@@ -90,10 +90,9 @@ std::unique_ptr<EventService> WirePeer::connect(const fakes::ScriptedHost& host,
     sample.name = "PC1";
     sample.address = "127.0.0.1";
     sample.history = history_of(host);
-    const std::string place =
-        networks_.emplace_back(std::vector{std::move(sample)}, authority_)
-            .listen_loopback(0)
-            .front();
+    const std::string place = networks_.emplace_back(std::vector{std::move(sample)}, authority_)
+                                  .listen_loopback(0)
+                                  .front();
     return WsmanEventSource(options_for(std::stoi(place.substr(place.rfind(':') + 1))))
         .connect_server("127.0.0.1", "root\\cimv2", credentials);
 }

@@ -137,7 +137,8 @@ TEST_F(TlsHost, IsNotLeftForAWeakerWay) {
     TlsPort elsewhere(identity,
                       "HTTP/1.1 302 Found\r\nLocation: http://localhost/wsman\r\n"
                       "Content-Length: 0\r\n\r\n");
-    EXPECT_EQ(failure(options(elsewhere.port())), "The host answered with HTTP status 302");
+    EXPECT_EQ(failure(options(elsewhere.port())),
+              "The host refers to another address, which is not followed (HTTP status 302)");
 
     TlsPort basic(identity,
                   "HTTP/1.1 401 Who?\r\nWWW-Authenticate: Basic realm=\"WSMAN\"\r\n"
