@@ -52,7 +52,7 @@ make_realm() {
     {
         kdb5_util create -s -r SAMPLE -P "$RANDOM"
         {
-            for name in keeper auditor locked overdue; do echo "addprinc -pw Kestrel-4711 $name"; done
+            for name in keeper auditor locked overdue; do echo "addprinc -pw Kestrel-4711-over-the-weir $name"; done
             echo "modprinc -allow_tix locked"
             echo "modprinc -pwexpire yesterday overdue"
             for name in "$@"; do
@@ -83,5 +83,5 @@ stop_kdc() {
 
 # usage: take_ticket USER [KINIT-OPTION...]
 take_ticket() {
-    kinit "$@" <<<Kestrel-4711 >/dev/null
+    kinit "$@" <<<Kestrel-4711-over-the-weir >/dev/null
 }
