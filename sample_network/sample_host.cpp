@@ -125,7 +125,8 @@ std::vector<SampleHost> built_in_hosts(Instant newest, std::uint32_t large_count
     hosts.push_back(
         usual_host(kWorkgroupHost, "in no domain, with a user of its own", 500, newest));
     hosts.back().workgroup = true;
-    hosts.push_back(usual_host("GATEWAY01", "TLS alone, at port 5986", 500, newest));
+    hosts.push_back(english_host("GATEWAY01", "TLS alone, at port 5986",
+                                 {{LogName::Security, 300}, {LogName::System, 200}}, newest));
     hosts.back().state = HostState::TlsOnly;
     give_addresses(hosts);
     return hosts;
