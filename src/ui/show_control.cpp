@@ -39,6 +39,12 @@ void show_control(const Label& control, QWidget& widget) {
         label->setText(to_qt(control.caption));
 }
 
+void show_control(const Image& control, QWidget& widget) {
+    constexpr int kSize = 32;
+    auto* label = qobject_cast<QLabel*>(&widget);
+    if (label != nullptr) label->setPixmap(event_picture(control.picture).pixmap(kSize));
+}
+
 void show_control(const TextBox& control, QWidget& widget) {
     const QSignalBlocker no_event(widget);
     const QString text = to_qt(control.text);
@@ -59,7 +65,10 @@ void show_control(const CheckBox& control, QWidget& widget) {
 }
 
 void show_control(const CommandButton& control, QWidget& widget) {
-    if (auto* button = qobject_cast<QPushButton*>(&widget)) button->setText(to_qt(control.caption));
+    auto* button = qobject_cast<QPushButton*>(&widget);
+    // A new text takes a button's shortcut away.
+    if (button != nullptr && button->text() != to_qt(control.caption))
+        button->setText(to_qt(control.caption));
 }
 
 void show_control(const MonthView& control, QWidget& widget) {
