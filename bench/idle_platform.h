@@ -63,8 +63,11 @@ class IdleShell final : public Shell {
 };
 
 class IdleProgram final : public Program {
-    std::string application_directory() override { return "."; }
+  public:
+    std::string application_directory() override { return folder; }
     void end() override {}
+
+    std::string folder = ".";
 };
 
 struct IdlePlatform {
