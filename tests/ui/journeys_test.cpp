@@ -146,6 +146,23 @@ TEST(Journey, AnEventIsFoundReadAndHighlighted) {
     EXPECT_FALSE(table.model()->index(0, 0).data(Qt::ForegroundRole).isValid());
 }
 
+// One paragraph of a megabyte would keep the window busy for minutes.
+TEST(Journey, AnEndlessMessageIsShownInParagraphs) {
+    WindowBench window;
+    const std::string words = std::string(5'000, 'x') + " " + std::string(4'000, 'y') + " end";
+    WindowBench::add_record(window.console.Form1.SystemList,
+                            {"error", "d", "t", "s", "1", "u", "c", words + "~last"}, 4);
+    window.console.Form1.SystemList.set_selected_item(1);
+    window.start();
+    window.when_open("Form2", [&](QWidget& dialog) {
+        const QString shown = dialog.findChild<QPlainTextEdit*>("txtDesc")->toPlainText();
+        EXPECT_EQ(shown.toStdString(), std::string(4'096, 'x') + "\n" + std::string(904, 'x') +
+                                           " \n" + std::string(4'000, 'y') + " end\nlast");
+        dialog.findChild<QPushButton*>("Command1")->click();
+    });
+    QTest::keyClick(&window.find("SystemList"), Qt::Key_Return);
+}
+
 TEST(Journey, APressOnAnEmptyHostListSaysHowToFillIt) {
     WindowBench window;
     window.start();
