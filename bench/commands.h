@@ -9,6 +9,9 @@ namespace tessarine::bench {
 void generate(std::span<char* const> words);
 void load(std::span<char* const> words);
 void audit(std::span<char* const> words);
+void redisplay(std::span<char* const> words);
+void sort(std::span<char* const> words);
+void html(std::span<char* const> words);
 void limits(std::span<char* const> words);
 
 }  // namespace tessarine::bench

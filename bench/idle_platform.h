@@ -8,6 +8,7 @@
 #include "adapters/system/system_clock.h"
 #include "core/console_state.h"
 #include "core/runtime_error.h"
+#include "platform/clipboard.h"
 #include "platform/dialogs.h"
 #include "platform/event_source.h"
 #include "platform/form_windows.h"
@@ -52,13 +53,21 @@ class IdleDialogs final : public Dialogs {
     }
 };
 
+class IdleClipboard final : public Clipboard {
+    void clear() override {}
+    void set_text(const std::string&) override {}
+};
+
 class IdleShell final : public Shell {
     void open(const std::string&) override {}
 };
 
 class IdleProgram final : public Program {
-    std::string application_directory() override { return "."; }
+  public:
+    std::string application_directory() override { return folder; }
     void end() override {}
+
+    std::string folder = ".";
 };
 
 struct IdlePlatform {
@@ -72,6 +81,7 @@ struct IdlePlatform {
     IdleProbe tcp_probe;
     IdleWindows form_windows;
     IdleDialogs dialogs;
+    IdleClipboard clipboard;
     IdleShell shell;
     IdleProgram program;
 
@@ -86,6 +96,7 @@ struct IdlePlatform {
                 .tcp_probe = tcp_probe,
                 .form_windows = form_windows,
                 .dialogs = dialogs,
+                .clipboard = clipboard,
                 .shell = shell,
                 .program = program,
                 .table_memory = &table_memory,

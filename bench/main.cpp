@@ -13,6 +13,10 @@ namespace {
 
 constexpr const char* kUsage =
     "usage: tessarine-bench load STORE HOST [--alerts FILE] [--ignore FILE]\n"
+    "       tessarine-bench redisplay STORE HOST LOG [--off BOX,...] [--times N]\n"
+    "                                 [--alerts FILE] [--ignore FILE]\n"
+    "       tessarine-bench sort STORE HOST LOG COLUMN\n"
+    "       tessarine-bench html STORE HOST LOG FOLDER [--alerts FILE] [--ignore FILE]\n"
     "       tessarine-bench generate STORE --host NAME [--lines N] [--language german] [--seed N]\n"
     "       tessarine-bench audit STORE HOST [--settings FILE] [--kind full|M/D/YYYY]\n"
     "                             [--option append|overwrite|move]\n"
@@ -28,9 +32,8 @@ struct Command {
 };
 
 constexpr std::array kCommands = {
-    Command{"load", load},
-    Command{"generate", generate},
-    Command{"audit", audit},
+    Command{"load", load},           Command{"generate", generate}, Command{"audit", audit},
+    Command{"redisplay", redisplay}, Command{"sort", sort},         Command{"html", html},
     Command{"limits", limits},
 };
 

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "adapters/qt/qt_clipboard.h"
 #include "adapters/qt/qt_program.h"
 #include "adapters/qt/qt_shell.h"
 #include "adapters/qt/socket_probe.h"
@@ -37,6 +38,7 @@ struct ConsoleProgram::Parts {
     QtFormWindows windows;
     QtProgram program;
     QtDialogs dialogs;
+    QtClipboard clipboard;
     QtShell shell;
     SocketProbe probe;
     LocalFiles files;
@@ -54,6 +56,7 @@ struct ConsoleProgram::Parts {
                      .tcp_probe = probe,
                      .form_windows = windows,
                      .dialogs = dialogs,
+                     .clipboard = clipboard,
                      .shell = shell,
                      .program = program,
                      .table_memory = &memory,

@@ -11,6 +11,10 @@
 #include "hosts/host_list_files.h"
 #include "hosts/preaudited_hosts.h"
 #include "patterns/code_lists.h"
+#include "report/html_page.h"
+#include "viewer/event_details.h"
+#include "viewer/event_lookup.h"
+#include "viewer/filtered_redisplay.h"
 #include "viewer/log_loading.h"
 #include "viewer/record_list_clicks.h"
 
@@ -60,11 +64,41 @@ constexpr std::array kEvents = {
     ControlEvent{Form1, "txtSelectedHost", MouseDown, press_on_selected_host},
 
     // The event tables.
-    ControlEvent{Form1, "SystemList", RightRelease, plain<release_on_system_list>},
-    ControlEvent{Form1, "ApplicationList", RightRelease, plain<release_on_application_list>},
-    ControlEvent{Form1, "SecurityList", RightRelease, plain<release_on_security_list>},
+    ControlEvent{Form1, "SystemList", MouseUp, release_on_system_list},
+    ControlEvent{Form1, "ApplicationList", MouseUp, release_on_application_list},
+    ControlEvent{Form1, "SecurityList", MouseUp, release_on_security_list},
+    ControlEvent{Form1, "SystemList", DoubleClick, plain<open_system_event>},
+    ControlEvent{Form1, "ApplicationList", DoubleClick, plain<open_application_event>},
+    ControlEvent{Form1, "SecurityList", DoubleClick, plain<open_security_event>},
+    ControlEvent{Form1, "SystemList", ColumnClick, click_column_of_system_list},
+    ControlEvent{Form1, "ApplicationList", ColumnClick, click_column_of_application_list},
     ControlEvent{Form1, "addtohighlightlist", Click, plain<addtohighlightlist>},
     ControlEvent{Form1, "addtoignore", Click, plain<addtoignore>},
+    ControlEvent{Form1, "mslookup", Click, plain<mslookup>},
+    ControlEvent{Form1, "SysErrors", Click, plain<click_system_box>},
+    ControlEvent{Form1, "SysWarnings", Click, plain<click_system_box>},
+    ControlEvent{Form1, "SysInformations", Click, plain<click_system_box>},
+    ControlEvent{Form1, "AppErrors", Click, plain<click_application_box>},
+    ControlEvent{Form1, "AppWarnings", Click, plain<click_application_box>},
+    ControlEvent{Form1, "AppInformations", Click, plain<click_application_box>},
+    ControlEvent{Form1, "SecSucc", Click, plain<click_security_box>},
+    ControlEvent{Form1, "SecFail", Click, plain<click_security_box>},
+    ControlEvent{Form1, "print", Click, plain<print_current_page>},
+
+    // The analysis tables.
+    ControlEvent{Form1, "ListView2", MouseUp, release_on_system_analysis},
+    ControlEvent{Form1, "ListView3", MouseUp, release_on_application_analysis},
+    ControlEvent{Form1, "ListView4", MouseUp, release_on_security_analysis},
+    ControlEvent{Form1, "addtohighlightlist3", Click, plain<addtohighlightlist3>},
+    ControlEvent{Form1, "lookupinquillard2", Click, plain<lookupinquillard2>},
+
+    // The details of an event.
+    ControlEvent{Form2, "Form2", Activate, plain<activate_event_details>},
+    ControlEvent{Form2, "CmdUp", Click, plain<CmdUp>},
+    ControlEvent{Form2, "CmdDown", Click, plain<CmdDown>},
+    ControlEvent{Form2, "cmdClipboard", Click, plain<copy_event_to_clipboard>},
+    ControlEvent{Form2, "Command2", Click, plain<look_up_shown_event>},
+    ControlEvent{Form2, "Command1", Click, plain<close_event_details>},
 
     // Alert and ignore lists.
     ControlEvent{Form1, "Command1", Click, plain<add_alert_pattern>},

@@ -17,6 +17,7 @@ Console::Console(const Platform& its_platform, RegionalText regional_forms)
 }
 
 void end_console(Console& console) {
+    console.Form2.unload();
     console.Form3.unload();
     console.Form4.unload();
     console.Form6.unload();

@@ -9,12 +9,14 @@
 #include "core/forms/add_host_form.h"
 #include "core/forms/connection_check_form.h"
 #include "core/forms/custom_audit_form.h"
+#include "core/forms/event_details_form.h"
 #include "core/forms/main_form.h"
 #include "core/forms/settings_form.h"
 #include "core/regional_text.h"
 
 namespace tessarine {
 
+class Clipboard;
 class Clock;
 class Dialogs;
 class DirectoryListing;
@@ -44,6 +46,7 @@ struct Platform {
     TcpProbe& tcp_probe;
     FormWindows& form_windows;
     Dialogs& dialogs;
+    Clipboard& clipboard;
     Shell& shell;
     Program& program;
     /// Memory for large tables.
@@ -61,6 +64,7 @@ struct Console {
     RegionalText regional;
 
     MainForm Form1;
+    Form<EventDetailsForm> Form2{FormId::Form2};
     Form<SettingsForm> Form3;
     Form<CustomAuditForm> Form4{FormId::Form4};
     Form<AddHostForm> Form6{FormId::Form6};

@@ -11,11 +11,12 @@ namespace tessarine {
 struct Console;
 
 enum class EventKind {
-    Click,         ///< menu entry, button, box; a tab or a row that has been selected
-    MouseDown,     ///< a mouse button goes down on a list
-    EnterKey,      ///< Enter in a text field
-    GotFocus,      ///< a text field is entered
-    RightRelease,  ///< the right button goes up on a list or a field
+    Click,        ///< menu entry, button, box; a tab or a row that has been selected
+    MouseDown,    ///< a mouse button goes down on a list
+    EnterKey,     ///< Enter in a text field
+    GotFocus,     ///< a text field is entered
+    MouseUp,      ///< a mouse button goes up on a list
+    DoubleClick,  ///< or Enter, on a row
     Timer,
     Activate,  ///< the form comes up
     CloseBox,  ///< the frame's close box

@@ -46,6 +46,11 @@ struct CommandButton {
     std::string tool_tip;
 };
 
+/// Shows one picture of its form's image list.
+struct Image {
+    int picture = 0;  ///< 0 for none
+};
+
 struct Frame {
     std::string caption;
     bool visible = true;

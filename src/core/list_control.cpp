@@ -6,7 +6,6 @@
 
 #include "core/list_rows.h"
 #include "core/runtime_error.h"
-#include "core/text.h"
 
 namespace tessarine {
 namespace {
@@ -93,23 +92,6 @@ void ListControl::remove_row(int position) {
     changes_.reset = true;
 }
 
-void ListControl::set_sorted(bool sorted) {
-    sorted_ = sorted;
-    if (!sorted_) return;
-    order_.sort(sort_rule());
-    changes_.reset = true;
-}
-
-void ListControl::set_sort_key(int column) {
-    sort_key_ = column;
-    set_sorted(sorted_);
-}
-
-void ListControl::set_sort_order(SortOrder order) {
-    sort_order_ = order;
-    set_sorted(sorted_);
-}
-
 int ListControl::selected_count() {
     int selected = 0;
     for (int position = 1; position <= count(); ++position)
@@ -155,13 +137,6 @@ ListControl::OwnRow& ListControl::own_row(RowOrder::RowNumber row) {
         own_rows_.push_back(std::move(own));
     }
     return *own_rows_[compact.own_row];
-}
-
-RowOrder::Before ListControl::sort_rule() const {
-    return [this](RowOrder::RowNumber left, RowOrder::RowNumber right) {
-        const int order = compare_text(cell(left, sort_key_), cell(right, sort_key_));
-        return sort_order_ == SortOrder::Ascending ? order < 0 : order > 0;
-    };
 }
 
 void ListControl::mark_changed(int position) {

@@ -69,9 +69,10 @@ class ListControl {
     /// Sorting is by the text of one column (0 the row's own), without regard to case; equal rows
     /// keep their order. While it is on, added rows take their sorted place.
     bool sorted() const { return sorted_; }
+    /// What was sorted stays as it is; sorting again goes by the same column and order.
     void set_sorted(bool sorted);
-    void set_sort_key(int column);
-    void set_sort_order(SortOrder order);
+    void sort_by(int column, SortOrder order);
+    int sort_key() const { return sort_key_; }
     SortOrder sort_order() const { return sort_order_; }
 
     /// How many rows are selected.
@@ -98,6 +99,7 @@ class ListControl {
     RowOrder::RowNumber number_at(int position) const;
     std::string_view cell(RowOrder::RowNumber row, int column) const;
     OwnRow& own_row(RowOrder::RowNumber row);
+    void sort_rows();
     RowOrder::Before sort_rule() const;
     void mark_changed(int position);
 

@@ -57,13 +57,24 @@ void RowOrder::remove(std::size_t position) {
     --size_;
 }
 
-void RowOrder::sort(const Before& before) {
-    write_out();
-    std::vector<RowNumber> rows;
-    rows.reserve(size_);
-    for (const Chunk& chunk : chunks_) rows.insert(rows.end(), chunk.begin(), chunk.end());
-    std::stable_sort(rows.begin(), rows.end(), before);
-    refill(rows);
+std::vector<RowOrder::RowNumber> RowOrder::rows() const {
+    std::vector<RowNumber> rows(size_);
+    if (plain_) std::iota(rows.begin(), rows.end(), RowNumber{0});
+    auto next = rows.begin();
+    for (const Chunk& chunk : chunks_) next = std::copy(chunk.begin(), chunk.end(), next);
+    return rows;
+}
+
+void RowOrder::arrange(const std::vector<RowNumber>& rows) {
+    plain_ = false;
+    chunks_.clear();
+    starts_.clear();
+    // Chunks are left half full, so that the next insertions split none of them.
+    for (std::size_t i = 0; i < rows.size(); i += kChunkRows / 2) {
+        const std::size_t end = std::min(rows.size(), i + kChunkRows / 2);
+        chunks_.emplace_back(rows.begin() + static_cast<std::ptrdiff_t>(i),
+                             rows.begin() + static_cast<std::ptrdiff_t>(end));
+    }
 }
 
 RowOrder::RowNumber RowOrder::find(std::size_t position) const {
@@ -83,22 +94,7 @@ RowOrder::Place RowOrder::place_of(std::size_t position) const {
 }
 
 void RowOrder::write_out() {
-    if (!plain_) return;
-    std::vector<RowNumber> rows(size_);
-    std::iota(rows.begin(), rows.end(), RowNumber{0});
-    refill(rows);
-    plain_ = false;
-}
-
-void RowOrder::refill(const std::vector<RowNumber>& rows) {
-    chunks_.clear();
-    starts_.clear();
-    // Chunks are left half full, so that the next insertions split none of them.
-    for (std::size_t i = 0; i < rows.size(); i += kChunkRows / 2) {
-        const std::size_t end = std::min(rows.size(), i + kChunkRows / 2);
-        chunks_.emplace_back(rows.begin() + static_cast<std::ptrdiff_t>(i),
-                             rows.begin() + static_cast<std::ptrdiff_t>(end));
-    }
+    if (plain_) arrange(rows());
 }
 
 void RowOrder::split_if_full(std::size_t chunk) {

@@ -27,8 +27,10 @@ class RowOrder {
     /// must be in the order that `before` tells.
     std::size_t insert_sorted(RowNumber row, const Before& before);
     void remove(std::size_t position);
-    /// Brings all rows into the order that `before` tells; equal ones keep theirs.
-    void sort(const Before& before);
+    /// All rows in their order.
+    std::vector<RowNumber> rows() const;
+    /// Brings the same rows into another order.
+    void arrange(const std::vector<RowNumber>& rows);
 
   private:
     using Chunk = std::vector<RowNumber>;
@@ -40,7 +42,6 @@ class RowOrder {
     RowNumber find(std::size_t position) const;
     Place place_of(std::size_t position) const;
     void write_out();
-    void refill(const std::vector<RowNumber>& rows);
     void split_if_full(std::size_t chunk);
 
     std::size_t size_ = 0;

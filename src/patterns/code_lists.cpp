@@ -1,12 +1,12 @@
 #include "patterns/code_lists.h"
 
-#include <array>
 #include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "core/console_state.h"
+#include "core/marked_tables.h"
 #include "core/runtime_error.h"
 #include "core/text.h"
 #include "platform/files.h"
@@ -34,21 +34,6 @@ constexpr CodeList kIgnoredCodes = {.file_name = "ignorelist.txt",
                                     .list = &MainForm::IgnoreList,
                                     .field = &MainForm::txtIgnore,
                                     .missing_file_text = "Ignore list modified.."};
-
-/// Which table the marker of a tab or of a table means.
-struct MarkedTable {
-    std::string_view marker;
-    ListControl MainForm::*table;
-};
-
-constexpr std::array kEventTables = {MarkedTable{" System Log  ", &MainForm::SystemList},
-                                     MarkedTable{" Application Log", &MainForm::ApplicationList},
-                                     MarkedTable{" Security Log  ", &MainForm::SecurityList}};
-
-// KEEP(no-highlighting-from-the-security-analysis): "list4", the Security table, has no place here.
-// Adding it looks right, but the command does nothing there.
-constexpr std::array kAnalysisTables = {MarkedTable{"list2", &MainForm::ListView2},
-                                        MarkedTable{"list3", &MainForm::ListView3}};
 
 std::string path_of(Console& console, const CodeList& codes) {
     return path_in(console.platform.program.application_directory(), codes.file_name);
@@ -122,17 +107,11 @@ void copy_to_field(Console& console, const CodeList& codes) {
         (console.Form1.*codes.field).text = list.row(list.selected_item()).text();
 }
 
-ListControl::Row selected_row(ListControl& table) {
-    return table.row(table.selected_item());
-}
-
 void add_from_event_table(Console& console, const CodeList& codes) {
-    for (const auto& [caption, table] : kEventTables) {
-        if (!same_text(console.Form1.lblselectedTab.caption, caption)) continue;
-        const auto row = selected_row(console.Form1.*table);
-        append_code(console, codes, row.sub_item(static_cast<int>(Field::Event)));
-        load(console, codes);
-    }
+    ListControl* table = marked_event_table(console.Form1);
+    if (table == nullptr) return;
+    append_code(console, codes, selected_row(*table).sub_item(static_cast<int>(Field::Event)));
+    load(console, codes);
 }
 
 }  // namespace
@@ -180,12 +159,13 @@ void addtoignore(Console& console) {
     add_from_event_table(console, kIgnoredCodes);
 }
 
+// KEEP(no-highlighting-from-the-security-analysis): the command leaves the Security table out.
+// Taking any table looks right, but nothing happens there.
 void addtohighlightlist3(Console& console) {
-    for (const auto& [marker, table] : kAnalysisTables) {
-        if (!same_text(console.Form1.lblselectedTab2.caption, marker)) continue;
-        append_code(console, kAlertCodes, selected_row(console.Form1.*table).text());
-        load(console, kAlertCodes);
-    }
+    ListControl* table = marked_analysis_table(console.Form1);
+    if (table == nullptr || table == &console.Form1.ListView4) return;
+    append_code(console, kAlertCodes, selected_row(*table).text());
+    load(console, kAlertCodes);
 }
 
 }  // namespace tessarine

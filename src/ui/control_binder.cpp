@@ -160,10 +160,12 @@ void ControlBinder::bind(std::string_view name, const ListControl& control, QWid
         door_.set_menu_place(place);
         raise(name, EventKind::MouseDown, {.button = button});
     });
-    connect(view, &ListView::right_released, this, [this, name](const QPoint& place) {
+    connect(view, &ListView::button_released, this, [this, name](int button, const QPoint& place) {
         door_.set_menu_place(place);
-        raise(name, EventKind::RightRelease, {.button = 2});
+        raise(name, EventKind::MouseUp, {.button = button});
     });
+    connect(view, &ListView::row_opened, this,
+            [this, name] { raise(name, EventKind::DoubleClick); });
     const bool sorts = leads_on(name, EventKind::ColumnClick);
     view->horizontalHeader()->setSectionsClickable(sorts);
     connect(view->horizontalHeader(), &QHeaderView::sectionClicked, this,

@@ -60,6 +60,7 @@ class ControlBinder : public QObject {
     void bind(std::string_view name, const ListControl& control, QWidget& widget);
     void bind(std::string_view, const StatusBar&, QWidget&) {}
     void bind(std::string_view, const ProgressBar&, QWidget&) {}
+    void bind(std::string_view, const Image&, QWidget&) {}
 
     EventDoor& door_;
     FormId form_;

@@ -30,6 +30,9 @@ std::string_view form_name(FormId id) {
 
 void unload_form(Console& console, FormId id) {
     switch (id) {
+        case FormId::Form2:
+            console.Form2.unload();
+            break;
         case FormId::Form4:
             console.Form4.unload();
             break;

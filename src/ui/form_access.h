@@ -19,6 +19,9 @@ void with_loaded_form(Console& console, FormId id, Use&& use) {
         case FormId::Form1:
             if (console.Form1.loaded) use(console.Form1);
             break;
+        case FormId::Form2:
+            pass(console.Form2);
+            break;
         case FormId::Form4:
             pass(console.Form4);
             break;

@@ -7,6 +7,7 @@
 #include "ui/add_host_dialog.h"
 #include "ui/connection_check_dialog.h"
 #include "ui/custom_audit_dialog.h"
+#include "ui/event_details_dialog.h"
 #include "ui/form_access.h"
 #include "ui/main_menus.h"
 
@@ -87,6 +88,8 @@ std::unique_ptr<FormDialog> QtFormWindows::new_dialog(FormId form) {
     // A hidden parent would hide the dialog with it.
     if (!parent->isVisible()) parent = main_window_.get();
     switch (form) {
+        case FormId::Form2:
+            return std::make_unique<EventDetailsDialog>(*door_, parent);
         case FormId::Form4:
             return std::make_unique<CustomAuditDialog>(*door_, parent);
         case FormId::Form6:

@@ -48,6 +48,10 @@ void ListView::set_row_height() {
 void ListView::refresh() {
     setToolTip(to_qt(list_.tool_tip));
     setShowGrid(list_.grid_lines);
+    horizontalHeader()->setSortIndicatorShown(list_.sorted());
+    horizontalHeader()->setSortIndicator(
+        list_.sort_key(),
+        list_.sort_order() == SortOrder::Ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
     show_selection(model_->refresh());
     if (list_.scrolled_to > 0) scrollTo(model_->index(list_.scrolled_to - 1, 0));
     list_.scrolled_to = 0;
@@ -96,23 +100,40 @@ void ListView::mouseReleaseEvent(QMouseEvent* event) {
     QTableView::mouseReleaseEvent(event);
     if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid())
         emit row_picked();
-    if (event->button() == Qt::RightButton) emit right_released(event->globalPosition().toPoint());
+    emit button_released(number_of(event->button()), event->globalPosition().toPoint());
+}
+
+void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
+    QTableView::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid())
+        emit row_opened();
 }
 
 // The menu key and Shift+F10 stand for the right button; the mouse itself has its own events.
 void ListView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     if (event->reason() != QContextMenuEvent::Keyboard) return;
-    const QPoint place = currentIndex().isValid() ? visualRect(currentIndex()).center() : QPoint();
-    const QPoint on_screen = viewport()->mapToGlobal(place);
+    const QPoint on_screen = place_of_current_row();
     emit button_pressed(number_of(Qt::RightButton), on_screen);
-    emit right_released(on_screen);
+    emit button_released(number_of(Qt::RightButton), on_screen);
 }
 
+// What a click and a double click do, the keys do too.
 void ListView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (currentIndex().isValid()) emit row_opened();
+        return;
+    }
     const int before = currentIndex().row();
     QTableView::keyPressEvent(event);
-    if (currentIndex().row() != before) emit row_picked();
+    if (currentIndex().row() == before) return;
+    emit row_picked();
+    emit button_released(number_of(Qt::LeftButton), place_of_current_row());
+}
+
+QPoint ListView::place_of_current_row() const {
+    const QPoint place = currentIndex().isValid() ? visualRect(currentIndex()).center() : QPoint();
+    return viewport()->mapToGlobal(place);
 }
 
 void ListView::resizeEvent(QResizeEvent* event) {

@@ -27,12 +27,14 @@ class ListView : public QTableView {
 
   signals:
     void button_pressed(int button, const QPoint& place);
-    void right_released(const QPoint& place);
+    void button_released(int button, const QPoint& place);
     void row_picked();
+    void row_opened();
 
   protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -40,6 +42,7 @@ class ListView : public QTableView {
 
   private:
     void set_row_height();
+    QPoint place_of_current_row() const;
     void share_width();
     int event_column_width(int width, int columns) const;
     void show_selection(const ListChanges& changes);

@@ -173,6 +173,12 @@ QVariant picture_description(int number) {
     return {};
 }
 
+QIcon event_picture(int number) {
+    constexpr std::array kListNumbers = {2, 4, 3, 6, 5};
+    if (number < 1 || number > static_cast<int>(kListNumbers.size())) return {};
+    return list_picture(kListNumbers[static_cast<std::size_t>(number - 1)]).value<QIcon>();
+}
+
 QIcon tab_picture(int number) {
     return QIcon(new DrawnIcon(number == 2 ? draw_alert_tab : draw_plain_tab));
 }

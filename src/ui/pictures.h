@@ -15,6 +15,10 @@ QVariant list_picture(int number);
 /// What the picture tells somebody who doesn't see it; no value where a text beside it does.
 QVariant picture_description(int number);
 
+/// Picture of that number in the details of an event: 1 warning, 2 error, 3 information, 4 audit
+/// success, 5 audit failure. None for any other number.
+QIcon event_picture(int number);
+
 /// Picture of a tab: 1 plain, 2 for a log with highlighted events.
 QIcon tab_picture(int number);
 

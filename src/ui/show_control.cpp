@@ -31,12 +31,37 @@ void show_tab(QTabBar& bar, int index, const Tab& tab) {
     bar.setTabIcon(index, tab.image == 0 ? QIcon() : tab_picture(tab.image));
 }
 
+// A page's text with a line end after every so many characters without one, behind a blank where
+// there is any: Qt takes minutes over a paragraph of a megabyte.
+QString page_text(const QString& text) {
+    constexpr qsizetype kLongestParagraph = 4096;
+    QString page;
+    for (const QString& whole : text.split(QLatin1String("\r\n"))) {
+        QStringView line = whole;
+        while (line.size() > kLongestParagraph) {
+            const qsizetype blank = line.first(kLongestParagraph).lastIndexOf(QLatin1Char(' '));
+            const qsizetype end = blank > 0 ? blank + 1 : kLongestParagraph;
+            page.append(line.first(end)).append(QLatin1Char('\n'));
+            line = line.sliced(end);
+        }
+        page.append(line).append(QLatin1Char('\n'));
+    }
+    page.chop(1);
+    return page;
+}
+
 }  // namespace
 
 void show_control(const Label& control, QWidget& widget) {
     auto* label = qobject_cast<QLabel*>(&widget);
     if (label != nullptr && label->text() != to_qt(control.caption))
         label->setText(to_qt(control.caption));
+}
+
+void show_control(const Image& control, QWidget& widget) {
+    constexpr int kSize = 32;
+    auto* label = qobject_cast<QLabel*>(&widget);
+    if (label != nullptr) label->setPixmap(event_picture(control.picture).pixmap(kSize));
 }
 
 void show_control(const TextBox& control, QWidget& widget) {
@@ -47,7 +72,7 @@ void show_control(const TextBox& control, QWidget& widget) {
         line->setReadOnly(control.locked);
     }
     if (auto* page = qobject_cast<QPlainTextEdit*>(&widget)) {
-        const QString lines = QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+        const QString lines = page_text(text);
         if (page->toPlainText() != lines) page->setPlainText(lines);
         page->setReadOnly(control.locked);
     }
@@ -59,7 +84,10 @@ void show_control(const CheckBox& control, QWidget& widget) {
 }
 
 void show_control(const CommandButton& control, QWidget& widget) {
-    if (auto* button = qobject_cast<QPushButton*>(&widget)) button->setText(to_qt(control.caption));
+    auto* button = qobject_cast<QPushButton*>(&widget);
+    // A new text takes a button's shortcut away.
+    if (button != nullptr && button->text() != to_qt(control.caption))
+        button->setText(to_qt(control.caption));
 }
 
 void show_control(const MonthView& control, QWidget& widget) {

@@ -14,6 +14,7 @@ class ListControl;
 /// Each shows the control in the widget that was made for it (a QLabel for a Label, and so on)
 /// without raising an event; a widget of another kind is left alone.
 void show_control(const Label& control, QWidget& widget);
+void show_control(const Image& control, QWidget& widget);
 void show_control(const TextBox& control, QWidget& widget);
 void show_control(const CheckBox& control, QWidget& widget);
 void show_control(const CommandButton& control, QWidget& widget);

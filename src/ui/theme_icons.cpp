@@ -7,7 +7,7 @@
 namespace tessarine {
 namespace {
 
-constexpr std::array<std::pair<std::string_view, const char*>, 22> kThemeNames = {{
+constexpr std::array<std::pair<std::string_view, const char*>, 25> kThemeNames = {{
     {"EXIT", "application-exit"},
     {"ELAN", "network-workgroup"},
     {"ADS", "network-server-database"},
@@ -31,6 +31,10 @@ constexpr std::array<std::pair<std::string_view, const char*>, 22> kThemeNames =
     {"shogrid", "view-grid"},
     {"hideignore", "view-filter"},
     {"print", "document-print"},
+    // Buttons of the details of an event.
+    {"CmdUp", "go-up"},
+    {"CmdDown", "go-down"},
+    {"cmdClipboard", "edit-copy"},
 }};
 
 }  // namespace

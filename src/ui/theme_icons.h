@@ -9,8 +9,8 @@ namespace tessarine {
 /// Takes the icon theme whose names `menu_icon` uses. To be called once the application is there.
 void choose_icon_theme();
 
-/// The picture for a key of the menu image list, or for a toolbar button's entry that has no key
-/// there; empty when the theme lacks it.
+/// The picture for a key of the menu image list, or for a button that has no key there, by its name
+/// or its entry's; empty when the theme lacks it.
 QIcon menu_icon(std::string_view key);
 
 }  // namespace tessarine

@@ -44,13 +44,15 @@ struct LogTable {
     int tab;                  ///< of TabStrip2
     std::string_view ending;  ///< of the status text of each record
     std::span<const ShownType> types;
+    std::string_view missing_text = {};  ///< what panel 1 says when there is no file
 };
 
 inline constexpr LogTable kSecurityTable{.log = EventLog::Security,
                                          .table = &MainForm::SecurityList,
                                          .tab = 3,
                                          .ending = " of security log",  // sic
-                                         .types = kSecurityTypes};
+                                         .types = kSecurityTypes,
+                                         .missing_text = "No Security Event log"};
 inline constexpr LogTable kSystemTable{.log = EventLog::System,
                                        .table = &MainForm::SystemList,
                                        .tab = 1,
@@ -61,5 +63,9 @@ inline constexpr LogTable kApplicationTable{.log = EventLog::Application,
                                             .tab = 2,
                                             .ending = " of Application log",
                                             .types = kApplicationTypes};
+
+/// Images of a tab: as usual, and with an alert in its log.
+inline constexpr int kTabPlain = 1;
+inline constexpr int kTabAlert = 2;
 
 }  // namespace tessarine

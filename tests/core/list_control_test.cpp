@@ -126,8 +126,7 @@ TEST(ListControl, SortedInsertionAgreesWithAPlainList) {
     for (const SortOrder order : {SortOrder::Ascending, SortOrder::Descending}) {
         std::mt19937 random(42);
         ListControl list = event_table();
-        list.set_sort_order(order);
-        list.set_sorted(true);
+        list.sort_by(0, order);
         std::vector<std::string> expected;
         const auto before = [&](const std::string& left, const std::string& right) {
             const int compared = compare_text(left, right);
@@ -154,14 +153,35 @@ TEST(ListControl, SortsByAnyColumnAndKeepsTheOrderOfEqualRows) {
     ListControl list = event_table();
     for (const char* line : {"1|b|||||||", "2|A|||||||", "3|a|||||||", "4|B|||||||"})
         add_record(list, line);
-    list.set_sort_key(1);
-    list.set_sorted(true);
+    list.set_selected_item(4);
+    list.sort_by(1, SortOrder::Ascending);
     EXPECT_EQ(texts(list), (std::vector<std::string>{"2", "3", "1", "4"}));
-    list.set_sort_order(SortOrder::Descending);
+    list.sort_by(1, SortOrder::Descending);
     EXPECT_EQ(texts(list), (std::vector<std::string>{"1", "4", "2", "3"}));
+    EXPECT_EQ(list.row(list.selected_item()).text(), "4");
     list.set_sorted(false);
     list.add_row("5", 1);
     EXPECT_EQ(list.last_row().text(), "5");
+}
+
+// Texts that part before, at and behind the eighth character, NULs among them, against
+// compare_text.
+TEST(ListControl, SortsAsTheComparisonSays) {
+    std::mt19937 random(7);
+    std::vector<std::string> expected;
+    ListControl list = event_table();
+    for (int i = 0; i < 3'000; ++i) {
+        std::string text;
+        for (std::size_t length = random() % 20; text.size() < length;)
+            text +=
+                std::string_view("aAbB\0 \xC4\xE4\xFF", 9)[random() % 4 == 0 ? random() % 9 : 0];
+        expected.push_back(text);
+        list.add_row(text, 1);
+    }
+    list.sort_by(0, SortOrder::Ascending);
+    std::stable_sort(expected.begin(), expected.end(),
+                     [](const auto& a, const auto& b) { return compare_text(a, b) < 0; });
+    EXPECT_EQ(texts(list), expected);
 }
 
 }  // namespace

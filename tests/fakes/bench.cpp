@@ -28,6 +28,7 @@ Bench::Bench(std::span<const ControlEvent> events)
                .tcp_probe = probe,
                .form_windows = windows,
                .dialogs = dialogs,
+               .clipboard = clipboard,
                .shell = shell,
                .program = program}) {
     windows.attach(console);

@@ -17,6 +17,7 @@
 #include "fakes/scripted_probe.h"
 #include "fakes/scripted_windows.h"
 #include "fakes/timeline.h"
+#include "platform/clipboard.h"
 #include "platform/program.h"
 #include "platform/shell.h"
 
@@ -26,6 +27,13 @@ class RecordedShell final : public Shell {
   public:
     void open(const std::string& target) override { opened.push_back(target); }
     std::vector<std::string> opened;
+};
+
+class RecordedClipboard final : public Clipboard {
+  public:
+    void clear() override { text.clear(); }
+    void set_text(const std::string& its_text) override { text = its_text; }
+    std::string text = "left from another program";
 };
 
 class FakeProgram final : public Program {
@@ -71,6 +79,7 @@ struct Bench {
     ScriptedProbe probe{timeline};
     ScriptedWindows windows;
     ScriptedDialogs dialogs;
+    RecordedClipboard clipboard;
     RecordedShell shell;
     FakeProgram program;
     ScriptedHosts network;

@@ -26,6 +26,8 @@ FormBase* loaded_form(Console& console, FormId form) {
     switch (form) {
         case FormId::Form1:
             return &console.Form1;
+        case FormId::Form2:
+            return console.Form2.if_loaded();
         case FormId::Form3:
             return console.Form3.if_loaded();
         case FormId::Form4:

@@ -3,6 +3,7 @@
 
 #include <QCalendarWidget>
 #include <QCheckBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -83,6 +84,83 @@ TEST(Journey, TheTypeBoxesDecideWhatTheNextLoadShows) {
     window.when_open("MyMenu", [](QWidget& menu) { pick(menu, "vieweventlogs"); });
     click_row(window.find("ListView1"), 0, Qt::RightButton);
     EXPECT_EQ(rows(window, "SystemList"), 1);
+}
+
+// A click on the head of a column, counted from 0.
+void click_head(WindowBench& window, const char* table, int column) {
+    QHeaderView* head = window.find<QTableView>(table).horizontalHeader();
+    const QPoint place(head->sectionViewportPosition(column) + 10, head->height() / 2);
+    QTest::mouseClick(head->viewport(), Qt::LeftButton, {}, place);
+}
+
+TEST(Journey, AnEventIsFoundReadAndHighlighted) {
+    WindowBench window;
+    std::string records;
+    for (const char* record :
+         {"error|1/2/2026|1:00:00 PM|disk|11", "warning|1/2/2026|1:01:00 PM|w|36",
+          "error|1/2/2026|1:02:00 PM|disk|7", "error|1/2/2026|1:03:00 PM|a|9",
+          "error|1/2/2026|1:04:00 PM|scm|7034"})
+        records += std::string(record) + "|N/A|PC1|first~second\r\n";
+    window.bench.files.put("/app/Data/PC1_system.log", records);
+    window.console.Form1.ListView1.add_row("PC1", 1).add_sub_item("-");
+    window.start();
+    window.when_open("MyMenu", [](QWidget& menu) { pick(menu, "vieweventlogs"); });
+    click_row(window.find("ListView1"), 0, Qt::RightButton);
+    EXPECT_EQ(rows(window, "SystemList"), 5);
+    QTest::mouseClick(&window.find("SysWarnings"), Qt::LeftButton, {}, QPoint(8, 8));
+    EXPECT_EQ(rows(window, "SystemList"), 4);
+
+    click_head(window, "SystemList", 4);
+    EXPECT_EQ(cell(window, "SystemList", 0, 4), "11");
+    EXPECT_EQ(cell(window, "SystemList", 3, 4), "9");
+    window.when_open("Form2", [&](QWidget& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "System Log: ");
+        EXPECT_EQ(dialog.findChild<QLabel*>("lblEventID")->text(), "7");
+        EXPECT_EQ(dialog.findChild<QPlainTextEdit*>("txtDesc")->toPlainText(), "first\nsecond");
+        auto* up = dialog.findChild<QPushButton*>("CmdUp");
+        QTest::mouseClick(up, Qt::LeftButton);
+        EXPECT_EQ(window.find<QTableView>("SystemList").currentIndex().row(), 0);
+        dialog.findChild<QPushButton*>("CmdDown")->click();
+        dialog.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        QTest::keyClick(&dialog, Qt::Key_Down, Qt::AltModifier);
+        const auto* code = dialog.findChild<QLabel*>("lblEventID");
+        EXPECT_TRUE(QTest::qWaitFor([code] { return code->text() == "7034"; }));
+        dialog.findChild<QPushButton*>("cmdClipboard")->click();
+        EXPECT_THAT(window.bench.clipboard.text, HasSubstr("Event Code:\t7034\r\n"));
+        dialog.findChild<QPushButton*>("Command1")->click();
+    });
+    QTableView& table = window.find<QTableView>("SystemList");
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {},
+                       table.visualRect(table.model()->index(1, 0)).center());
+    EXPECT_FALSE(window.console.Form2.loaded());
+    EXPECT_EQ(table.currentIndex().row(), 2);
+
+    window.when_open("popmeup2", [](QWidget& menu) { pick(menu, "addtohighlightlist"); });
+    click_row(table, 2, Qt::RightButton);
+    window.trigger("highlightpatt");
+    window.when_open("MyMenu", [](QWidget& menu) { pick(menu, "vieweventlogs"); });
+    click_row(window.find("ListView1"), 0, Qt::RightButton);
+    EXPECT_EQ(cell(window, "SystemList", 3, 4), "7034");
+    EXPECT_TRUE(table.model()->index(3, 0).data(Qt::ForegroundRole).isValid());
+    EXPECT_FALSE(table.model()->index(0, 0).data(Qt::ForegroundRole).isValid());
+}
+
+// One paragraph of a megabyte would keep the window busy for minutes.
+TEST(Journey, AnEndlessMessageIsShownInParagraphs) {
+    WindowBench window;
+    const std::string words = std::string(5'000, 'x') + " " + std::string(4'000, 'y') + " end";
+    WindowBench::add_record(window.console.Form1.SystemList,
+                            {"error", "d", "t", "s", "1", "u", "c", words + "~last"}, 4);
+    window.console.Form1.SystemList.set_selected_item(1);
+    window.start();
+    window.when_open("Form2", [&](QWidget& dialog) {
+        const QString shown = dialog.findChild<QPlainTextEdit*>("txtDesc")->toPlainText();
+        EXPECT_EQ(shown.toStdString(), std::string(4'096, 'x') + "\n" + std::string(904, 'x') +
+                                           " \n" + std::string(4'000, 'y') + " end\nlast");
+        dialog.findChild<QPushButton*>("Command1")->click();
+    });
+    QTest::keyClick(&window.find("SystemList"), Qt::Key_Return);
 }
 
 TEST(Journey, APressOnAnEmptyHostListSaysHowToFillIt) {

@@ -132,7 +132,7 @@ TEST(ListView, TellsButtonsAndPickedRows) {
     list.add_row("PC2", 1);
     view.refresh();
     QSignalSpy pressed(&view, &ListView::button_pressed);
-    QSignalSpy released(&view, &ListView::right_released);
+    QSignalSpy released(&view, &ListView::button_released);
     QSignalSpy picked(&view, &ListView::row_picked);
 
     click_row(view, 0);
@@ -140,15 +140,36 @@ TEST(ListView, TellsButtonsAndPickedRows) {
     EXPECT_EQ(picked.size(), 1);
     click_row(view, 1, Qt::RightButton);
     EXPECT_EQ(pressed.takeFirst().at(0), 2);
-    EXPECT_EQ(released.size(), 1);
+    EXPECT_EQ(released.takeFirst().at(0), 1);
+    EXPECT_EQ(released.takeFirst().at(0), 2);
     QTest::keyClick(&view, Qt::Key_Up);
     EXPECT_EQ(picked.size(), 2);
+    EXPECT_EQ(released.takeFirst().at(0), 1);
 
     // The menu key stands for the right button, pressed and released.
     QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
     QApplication::sendEvent(&view, &key);
     EXPECT_EQ(pressed.takeFirst().at(0), 2);
-    EXPECT_EQ(released.size(), 2);
+    EXPECT_EQ(released.takeFirst().at(0), 2);
+}
+
+TEST(ListView, OpensARowByDoubleClickAndByEnter) {
+    ListControl list({{"Event"}});
+    ListView view(list, ListView::Selects::OneRow);
+    view.resize(300, 300);
+    view.show();
+    QSignalSpy opened(&view, &ListView::row_opened);
+    QTest::keyClick(&view, Qt::Key_Return);
+    list.add_row("4625", 1);
+    view.refresh();
+    const QPoint row = view.visualRect(view.model()->index(0, 0)).center();
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, QPoint(10, 280));
+    QTest::mouseDClick(view.viewport(), Qt::RightButton, {}, row);
+    EXPECT_EQ(opened.size(), 0);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, row);
+    EXPECT_EQ(opened.size(), 1);
+    QTest::keyClick(&view, Qt::Key_Return);
+    EXPECT_EQ(opened.size(), 2);
 }
 
 TEST(ListView, EventTablesShareTheirWidthEquallyButForTheMessage) {

@@ -29,6 +29,7 @@ WindowBench::WindowBench(std::span<const ControlEvent> events)
                .tcp_probe = bench.probe,
                .form_windows = windows,
                .dialogs = bench.dialogs,
+               .clipboard = bench.clipboard,
                .shell = bench.shell,
                .program = bench.program}) {
     windows.open(console, events);

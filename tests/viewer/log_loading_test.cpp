@@ -153,8 +153,7 @@ TEST_F(LogLoading, SaysThatThereIsNoSecurityLogUntilTheEndOfTheLoad) {
 
 TEST_F(LogLoading, PutsTheRowsBackInFileOrder) {
     put("system", "error|d|t|s|2|u|c|m\r\nerror|d|t|s|1|u|c|m\r\n");
-    form.SystemList.set_sort_key(4);
-    form.SystemList.set_sorted(true);
+    form.SystemList.sort_by(4, SortOrder::Ascending);
     EXPECT_EQ(loaded("SystemList"), R"(
 SystemList:
   4|error|d|t|s|2|u|c|m

@@ -1,5 +1,6 @@
 #include "tour/tour.h"
 
+#include <QAction>
 #include <QCalendarWidget>
 #include <QFile>
 #include <QLineEdit>
@@ -12,6 +13,7 @@
 #include "core/console_state.h"
 #include "tour/failure.h"
 #include "tour/store_copy.h"
+#include "tour/url_keeper.h"
 #include "ui/form_windows.h"
 
 namespace tessarine::tour {
@@ -50,6 +52,7 @@ void Tour::walk() {
     load_hosts();
     audit_all_hosts();
     view_three_hosts();
+    read_an_event();
     highlight_a_code();
     audit_from_a_day();
     add_a_host();
@@ -144,6 +147,42 @@ void Tour::show_logs_of_first_host() {
         user_.click_tab("TabStrip2", tab);
         album_.take(QStringLiteral("tab-%1").arg(tab + 1));
     }
+}
+
+void Tour::read_an_event() {
+    view(audited_.front());
+    const int all = user_.rows("SystemList");
+    user_.click("SysInformations");
+    check(user_.rows("SystemList") < all, "the box hides nothing");
+    album_.take("filtered");
+    user_.click("SysInformations");
+    check(user_.rows("SystemList") == all, "the box doesn't bring its rows back");
+    user_.click_head("SystemList", kEventColumn);
+    album_.take("sorted");
+    watch_.expect("Form2", [this](QWidget& dialog) {
+        const User in_dialog(dialog);
+        album_.take("event-details");
+        in_dialog.click("CmdUp");
+        in_dialog.click("CmdUp");
+        album_.take("event-details-first");
+        in_dialog.click("CmdDown");
+        in_dialog.click("Command1");
+    });
+    user_.double_click_row("SystemList", 1);
+    check(program_.console().Form1.SystemList.selected_item() == 2, "the table didn't follow");
+    export_page();
+}
+
+// The page is kept beside the pictures, and no browser is started.
+void Tour::export_page() {
+    QString opened;
+    UrlKeeper keeper([&opened](const QUrl& url) { opened = url.toLocalFile(); });
+    user_.find<QAction>("Toolbar1_15").trigger();
+    User::pause();
+    check(opened.endsWith("/tempop.html"), "the page has not been opened");
+    const QString copy = album_.folder().filePath("page.html");
+    QFile::remove(copy);
+    check(QFile::copy(opened, copy), "the page can't be copied to " + copy);
 }
 
 // -1 when all three are empty.

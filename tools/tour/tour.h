@@ -28,6 +28,8 @@ class Tour {
     void view_three_hosts();
     void show_menu_of(const QString& table, int row, const QString& menu, const QString& picture);
     QString unlisted_code(const QString& table) const;
+    void read_an_event();
+    void export_page();
     void highlight_a_code();
     void audit_from_a_day();
     void add_a_host();

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCursor>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -95,6 +96,19 @@ void User::click_row(const QString& name, int row) const {
 void User::right_click_row(const QString& name, int row) const {
     auto& table = find<QTableView>(name);
     QTest::mouseClick(table.viewport(), Qt::RightButton, {}, place_of_row(table, row));
+    pause();
+}
+
+void User::double_click_row(const QString& name, int row) const {
+    auto& table = find<QTableView>(name);
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, place_of_row(table, row));
+    pause();
+}
+
+void User::click_head(const QString& name, int column) const {
+    QHeaderView* head = find<QTableView>(name).horizontalHeader();
+    const QPoint place(head->sectionViewportPosition(column) + 10, head->height() / 2);
+    QTest::mouseClick(head->viewport(), Qt::LeftButton, {}, place);
     pause();
 }
 

@@ -39,6 +39,10 @@ class User {
     /// Rows count from 0. The right click ends when the menu that it opens has closed.
     void click_row(const QString& table, int row) const;
     void right_click_row(const QString& table, int row) const;
+    /// Ends when the dialog that it opens has closed.
+    void double_click_row(const QString& table, int row) const;
+    /// Clicks the head of a column, which counts from 0.
+    void click_head(const QString& table, int column) const;
 
     /// What a cell of a table shows.
     QString cell(const QString& table, int row, int column) const;

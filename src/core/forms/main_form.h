@@ -8,6 +8,7 @@
 
 #include "core/controls.h"
 #include "core/form.h"
+#include "core/forms/page_style.h"
 #include "core/list_control.h"
 #include "core/menu.h"
 #include "core/status_bar.h"
@@ -34,7 +35,7 @@ struct MainForm : FormBase {
     Label lblselectedTab{.visible = false};   ///< caption of the selected tab of TabStrip2
     Label lblselectedTab2{.visible = false};  ///< analysis table last used: "list2" to "list4"
     TextBox List1Index{.visible = false};     ///< row number of the host being loaded
-    TextBox txtHtmlStyle{.visible = false};   ///< style sheet of the HTML pages
+    TextBox txtHtmlStyle{.text = kPageStyle, .visible = false};
     TextBox txtSelectedHost{.locked = true};  ///< "Host: " and the host whose logs are shown
 
     TabStrip TabStrip1{.tabs = {{"Hosts"}, {"Search/Analysis"}, {"Alert/Ignore"}}};
@@ -45,6 +46,7 @@ struct MainForm : FormBase {
     std::array<Frame, 4> MainFrame;  ///< pages of TabStrip2
     int host_tab = 1;                ///< tab of TabStrip1 that shows
     int main_tab = 1;                ///< tab of TabStrip2 that shows
+    int last_sorted_column = 0;      ///< of the event tables, from 1; 0 before the first sorting
     StatusBar st1{5};
     ProgressBar pbar1;
     Timer tmrAutoAudit{.interval = 3000};

@@ -1,0 +1,31 @@
+// What the commands on a host's stored logs have in common.
+#pragma once
+
+#include <chrono>
+#include <string>
+
+#include "bench/arguments.h"
+#include "core/console_state.h"
+
+namespace tessarine::bench {
+
+/// Sets the console up for the store and the host that are the first two plain words, and for the
+/// lists of one code a line that the options "--alerts" and "--ignore" name: a load highlights or
+/// hides by them. Returns the host. Raises a UsageError when there is no such store or list.
+std::string choose_host(Console& console, const Arguments& arguments);
+
+/// The table of "system", "application" or "security"; any other word is a UsageError.
+ListControl& table_named(Console& console, const std::string& log);
+
+/// What a load leaves on the screen, as members of a JSON object.
+std::string screen_members(Console& console);
+
+/// Seconds that `work` takes.
+template <class Work>
+double seconds_of(Work&& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+}  // namespace tessarine::bench

@@ -1,0 +1,14 @@
+// The clipboard of the desktop.
+#pragma once
+
+#include "platform/clipboard.h"
+
+namespace tessarine {
+
+class QtClipboard final : public Clipboard {
+  public:
+    void clear() override;
+    void set_text(const std::string& text) override;
+};
+
+}  // namespace tessarine

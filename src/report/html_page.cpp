@@ -1,0 +1,108 @@
+#include "report/html_page.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <limits>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/console_state.h"
+#include "core/maker_site.h"
+#include "core/marked_tables.h"
+#include "core/runtime_error.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/program.h"
+#include "platform/shell.h"
+#include "store/event_record.h"
+#include "store/log_files.h"
+
+namespace tessarine {
+namespace {
+
+constexpr std::string_view kPageFile = "tempop.html";
+constexpr std::string_view kEmptyLine = "<tr><td colspan=8>&nbsp;</td></tr>";
+
+std::string in_application_directory(Console& console, std::string_view name) {
+    return path_in(console.platform.program.application_directory(), name);
+}
+
+// Puts the lines of one row behind one another, in memory that it keeps.
+class RowLines {
+  public:
+    explicit RowLines(std::string_view log) : log_(log) {}
+
+    std::string_view lines_of(const ListControl::Row& row, int number) {
+        const auto field = [&row](Field name) { return row.sub_item(static_cast<int>(name)); };
+        const char* shade = number % 2 == 1 ? "class='light' " : "class='dark' ";
+        lines_.clear();
+        add({"<tr ", shade, " ><td>", row.text(), "</td><td>", field(Field::Computer), "</td><td>",
+             log_, "</td><td>", field(Field::Date), " ", field(Field::Time), "</td><td>",
+             field(Field::Source), "</td><td>", field(Field::Event), "</td><td>",
+             field(Field::User), "</td></tr>\r\n"});
+        add({"<tr ", shade, " > <td colspan=8>"});
+        add_message(field(Field::Message));
+        add({"</td></tr>\r\n", kEmptyLine, "\r\n"});
+        return lines_;
+    }
+
+  private:
+    void add(std::initializer_list<std::string_view> pieces) {
+        for (const std::string_view piece : pieces) lines_.append(piece);
+    }
+
+    void add_message(std::string_view message) {
+        const std::size_t begin = lines_.size();
+        lines_.append(message);
+        std::replace(lines_.begin() + static_cast<std::ptrdiff_t>(begin), lines_.end(), '~', ' ');
+    }
+
+    std::string_view log_;
+    std::string lines_;
+};
+
+}  // namespace
+
+// KEEP(page-texts-go-unescaped): markup in an event's texts becomes markup of the page. Escaping it
+// looks right; others read the page as it always was.
+void ExportToHtml(Console& console, ListControl& SelList) {
+    const auto file =
+        console.platform.files.open(in_application_directory(console, kPageFile), OpenFor::Writing);
+    const auto write_line = [&file](std::string line) { file->write(line.append("\r\n")); };
+    write_line("<HTML><TITLE>Tessarine</TITLE>");
+    write_line("<h3>Tessarine - Exported at " +
+               console.regional.date_time(console.platform.clock.now()) + "</h3><br>");
+    write_line(console.Form1.txtHtmlStyle.text);
+    // KEEP(long-pages-fail-behind-their-head): the rows are counted in a signed 16-bit number. A
+    // wider one looks right; a longer list ends the console when the head is written.
+    if (SelList.count() > std::numeric_limits<std::int16_t>::max())
+        throw RuntimeError(ErrorNumber::Overflow, "Overflow");
+    RowLines rows(console.Form1.lblselectedTab.caption);
+    for (int row = 1; row <= SelList.count(); ++row)
+        file->write(rows.lines_of(SelList.row(row), row));
+    write_line(std::string(kEmptyLine) + "</table>");
+    std::string footer = "<a href=";
+    footer.append(maker_address("")).append("><font face=verdana size=1>").append(maker_site());
+    write_line(footer + "</font></a><p><p></HTML>");
+    file->close();
+}
+
+void DummyHtml(Console& console) {
+    const std::string path = in_application_directory(console, "temp.html");
+    if (console.platform.files.file_exists(path)) return;
+    const auto file = console.platform.files.open(path, OpenFor::Writing);
+    file->write("<HTML><center>Please Wait</center></html>\r\n");
+    file->close();
+}
+
+void print_current_page(Console& console) {
+    ListControl* table = marked_event_table(console.Form1);
+    if (table == nullptr) return;
+    ExportToHtml(console, *table);
+    console.platform.shell.open(in_application_directory(console, kPageFile));
+}
+
+}  // namespace tessarine

@@ -1,0 +1,108 @@
+#include "report/html_page.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "fakes/bench.h"
+#include "store/event_record.h"
+
+namespace tessarine {
+namespace {
+
+using fakes::Bench;
+
+constexpr const char* kPage = "/app/tempop.html";
+
+std::string golden(const std::string& name) {
+    std::ifstream file(std::string(TESSARINE_GOLDEN_DIR) + "/" + name, std::ios::binary);
+    EXPECT_TRUE(file) << name;
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void add(ListControl& table, const std::string& line) {
+    table.add_record_row(EventRecord(line).text(), 4);
+}
+
+// KEEP(page-texts-go-unescaped)
+TEST(HtmlPage, ShowsTheTableByteForByte) {
+    Bench bench;
+    ListControl& table = bench.console.Form1.SystemList;
+    for (const char* line : {
+             "Error|11/30/2004|11:59:59 PM|Disk|7|SYSTEM|PC1|The device has a bad block.~",
+             "Warning|11/30/2004|11:59:58 PM|Service Control Manager|7036||PC1|one~two~~three",
+             "Information|1/1/1980||||||",
+             "|||||||",
+             "Fehler|30.11.2004|23:59:59|Dr\xFC"
+             "cker|10|M\xDCLLER|PC2|Gr\xF6\xDF"
+             "e \x80 5",
+             "Error|d|t|<b>Source</b>|1&2|\"u\"|'c'|</table><script>alert(1)</script>&nbsp;",
+             "Error|d|t|s|4625 |u|c|m with 'quotes' and \"more\"",
+             "Error|d|t|s| 4625|u|c|\ttab\x01 and \x7F",
+             "Error|d|t|s|1|u|c|a | bar and what is behind it",
+             "Error|d|t|s|1|u|c|a 100 % ${x} \\ %s",
+         })
+        add(table, line);
+    add(table, "Error|d|t|s|1|u|c|" + std::string(300, 'm') + "~" + std::string(300, 'M'));
+    // A row that grew behind its columns.
+    add(table, "Error|d|t|s|1|u|c|grown");
+    table.last_row().add_sub_item("behind the columns");
+    bench.console.Form1.lblselectedTab.caption = " System Log  ";
+    bench.run(print_current_page);
+    EXPECT_EQ(bench.files.bytes(kPage), golden("page.html"));
+    EXPECT_EQ(bench.shell.opened, std::vector<std::string>{kPage});
+}
+
+TEST(HtmlPage, IsOfTheTableOnTop) {
+    Bench bench;
+    MainForm& form = bench.console.Form1;
+    add(form.SystemList, "Error|d|t|s|1|u|c|of the system");
+    add(form.SecurityList, "Audit success|d|t|s|1|u|c|of the audit");
+    form.lblselectedTab.caption = "Analysis Summary";
+    bench.run(print_current_page);
+    EXPECT_TRUE(bench.shell.opened.empty());
+    EXPECT_FALSE(bench.files.file_exists(kPage));
+    form.lblselectedTab.caption = " SECURITY LOG  ";
+    bench.run(print_current_page);
+    const std::string page = bench.files.bytes(kPage);
+    EXPECT_NE(page.find("<td> SECURITY LOG  </td>"), std::string::npos);
+    EXPECT_NE(page.find("of the audit"), std::string::npos);
+    EXPECT_EQ(page.find("of the system"), std::string::npos);
+}
+
+// KEEP(long-pages-fail-behind-their-head)
+TEST(HtmlPage, OfMoreThan32767RowsHasItsHeadAlone) {
+    Bench bench;
+    ListControl& table = bench.console.Form1.SystemList;
+    for (int i = 0; i < 32'767; ++i) add(table, "Error|d|t|s|1|u|c|m");
+    ExportToHtml(bench.console, table);
+    const std::string page = bench.files.bytes(kPage);
+    EXPECT_TRUE(page.ends_with("</a><p><p></HTML>\r\n"));
+    add(table, "Error|d|t|s|1|u|c|m");
+    EXPECT_THROW(ExportToHtml(bench.console, table), RuntimeError);
+    EXPECT_EQ(bench.files.bytes(kPage), page.substr(0, page.find("<tr class='light'")));
+}
+
+TEST(HtmlPage, FailsAtAShortRowAndAtAFullDisk) {
+    Bench bench;
+    ListControl& table = bench.console.Form1.SystemList;
+    table.add_row("Error", 4).add_sub_item("d");
+    EXPECT_THROW(ExportToHtml(bench.console, table), RuntimeError);
+    bench.files.fail_next(fakes::FileStep::Close, kPage, "The disk is full");
+    table.clear();
+    EXPECT_THROW(ExportToHtml(bench.console, table), RuntimeError);
+}
+
+TEST(DummyPage, AsksForPatienceOnce) {
+    Bench bench;
+    DummyHtml(bench.console);
+    EXPECT_EQ(bench.files.bytes("/app/temp.html"), "<HTML><center>Please Wait</center></html>\r\n");
+    bench.files.put("/app/temp.html", "another");
+    DummyHtml(bench.console);
+    EXPECT_EQ(bench.files.bytes("/app/temp.html"), "another");
+}
+
+}  // namespace
+}  // namespace tessarine
