@@ -129,6 +129,7 @@ class WireBench {
                      .tcp_probe = fakes_.probe,
                      .form_windows = fakes_.windows,
                      .dialogs = fakes_.dialogs,
+                     .clipboard = fakes_.clipboard,
                      .shell = fakes_.shell,
                      .program = fakes_.program}};
 };
