@@ -83,7 +83,9 @@ KerberosError kerberos_error(OM_uint32 major, OM_uint32 minor) {
             return each.code == static_cast<krb5_error_code>(static_cast<std::int32_t>(minor));
         });
     if (known != std::end(kCodes)) return {known->failure, known->text};
-    if (GSS_ROUTINE_ERROR(major) == GSS_S_CREDENTIALS_EXPIRED) return {Final, kExpired};
+    if (GSS_ROUTINE_ERROR(major) == GSS_S_CREDENTIALS_EXPIRED ||
+        GSS_ROUTINE_ERROR(major) == GSS_S_CONTEXT_EXPIRED)
+        return {Final, kExpired};
     if (GSS_ROUTINE_ERROR(major) == GSS_S_NO_CRED) return {NotAvailable, kNoTicket};
     return {Final, "The sign-in failed: " + gss_error_text(major, minor)};
 }

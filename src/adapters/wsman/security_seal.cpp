@@ -7,6 +7,7 @@
 #include "adapters/wsman/failure.h"
 #include "adapters/wsman/gss_error.h"
 #include "adapters/wsman/gss_handles.h"
+#include "adapters/wsman/kerberos_error.h"
 #include "adapters/wsman/mechanisms.h"
 
 namespace tessarine {
@@ -15,9 +16,17 @@ namespace {
 // NTLM's signature; the sealed data behind it is as long as the plain text.
 constexpr std::size_t kSignatureLength = 16;
 
+void require_success(const std::string& what, OM_uint32 major, OM_uint32 minor) {
+    if (!GSS_ERROR(major)) return;
+    // A context ends with the ticket that it was made with.
+    if (GSS_ROUTINE_ERROR(major) == GSS_S_CONTEXT_EXPIRED)
+        raise_failure(kerberos_error(major, minor).text);
+    raise_failure(what + ": " + gss_error_text(major, minor));
+}
+
 void require_sealed(const char* action, OM_uint32 major, OM_uint32 minor, int confidential) {
     const std::string what = std::string("The message can't be ") + action;
-    if (GSS_ERROR(major)) raise_failure(what + ": " + gss_error_text(major, minor));
+    require_success(what, major, minor);
     // A message out of its order is no error to GSSAPI, but a status beside success.
     if (GSS_SUPPLEMENTARY_INFO(major) != 0) raise_failure(what + ": it is out of order");
     if (confidential == 0) raise_failure(what + ": it would not be encrypted");
@@ -28,8 +37,8 @@ bool is_kerberos(gss_ctx_id_t context) {
     gss_OID mechanism = GSS_C_NO_OID;
     const OM_uint32 major = gss_inquire_context(&minor, context, nullptr, nullptr, nullptr,
                                                 &mechanism, nullptr, nullptr, nullptr);
-    if (GSS_ERROR(major) || mechanism == GSS_C_NO_OID)
-        raise_failure("The sign-in can't seal messages: " + gss_error_text(major, minor));
+    require_success("The sign-in can't seal messages", major, minor);
+    if (mechanism == GSS_C_NO_OID) raise_failure("The sign-in can't seal messages: it has no end");
     return same_mechanism(*mechanism, Kerberos().oid);
 }
 
