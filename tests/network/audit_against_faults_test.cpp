@@ -25,7 +25,7 @@ constexpr std::uint32_t kRecords = 1000;
 constexpr std::array kLogs = {"system", "application", "security"};
 
 // How often a host has gone through each step.
-using Steps = std::array<std::atomic<int>, 6>;
+using Steps = std::array<std::atomic<int>, sample::kMoments>;
 
 SampleHost host_with(std::string_view fault, Steps* steps = nullptr) {
     SampleHost host = sample::usual_host("PC1", "", kRecords, kNewest);
