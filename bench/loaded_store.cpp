@@ -77,13 +77,17 @@ std::string tab_images(const TabStrip& strip) {
 
 }  // namespace
 
-std::string choose_host(Console& console, const Arguments& arguments) {
-    MainForm& form = console.Form1;
-    const std::string host = from_utf8(arguments.plain()[1]);
-    const std::string store = from_utf8(arguments.plain()[0]);
+void choose_store(Console& console, const std::string& folder) {
+    const std::string store = from_utf8(folder);
     if (!console.platform.files.folder_exists(data_folder(store)))
         throw UsageError("there is no folder " + to_utf8(data_folder(store)));
     console.Form3->txtLogPath.text = store;
+}
+
+std::string choose_host(Console& console, const Arguments& arguments) {
+    MainForm& form = console.Form1;
+    choose_store(console, arguments.plain()[0]);
+    const std::string host = from_utf8(arguments.plain()[1]);
     form.ListView1.add_row(host, 0).set_selected(true);
     form.ListView1.set_selected_item(1);
     form.highlightpatt.checked = arguments.has("--alerts");

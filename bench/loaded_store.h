@@ -9,9 +9,12 @@
 
 namespace tessarine::bench {
 
-/// Sets the console up for the store and the host that are the first two plain words, and for the
-/// lists of one code a line that the options "--alerts" and "--ignore" name: a load highlights or
-/// hides by them. Returns the host. Raises a UsageError when there is no such store or list.
+/// Sets the console up for the store in a folder; raises a UsageError when there is none.
+void choose_store(Console& console, const std::string& folder);
+
+/// The same for the store that is the first plain word, and for the host that is the second, and
+/// for the lists of one code a line that the options "--alerts" and "--ignore" name: a load
+/// highlights or hides by them. Returns the host. Raises a UsageError when there is no such list.
 std::string choose_host(Console& console, const Arguments& arguments);
 
 /// The table of "system", "application" or "security"; any other word is a UsageError.

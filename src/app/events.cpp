@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "analysis/overall_analysis.h"
 #include "audit/connection_check.h"
 #include "audit/custom_audit.h"
 #include "audit/full_audit.h"
@@ -85,7 +86,8 @@ constexpr std::array kEvents = {
     ControlEvent{Form1, "SecFail", Click, plain<click_security_box>},
     ControlEvent{Form1, "print", Click, plain<print_current_page>},
 
-    // The analysis tables.
+    // The analysis and its tables.
+    ControlEvent{Form1, "Command3", Click, plain<run_overall_analysis>},
     ControlEvent{Form1, "ListView2", MouseUp, release_on_system_analysis},
     ControlEvent{Form1, "ListView3", MouseUp, release_on_application_analysis},
     ControlEvent{Form1, "ListView4", MouseUp, release_on_security_analysis},

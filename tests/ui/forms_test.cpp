@@ -166,7 +166,7 @@ TEST(Forms, WhatLeadsNowhereIsDisabled) {
         EXPECT_EQ(window.find<QAction>(row.name.data()).isEnabled(), leads_on) << row.name;
     }
     EXPECT_FALSE(window.find("TxtSearch").isEnabled());
-    EXPECT_FALSE(window.find("ListView2").isEnabled());
+    EXPECT_FALSE(window.find("Command7").isEnabled());
     EXPECT_TRUE(window.find("SysErrors").isEnabled());
 }
 

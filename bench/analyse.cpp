@@ -1,0 +1,69 @@
+// Runs the overall analysis of all three logs, as the window's button does.
+#include <array>
+#include <iostream>
+
+#include "analysis/overall_analysis.h"
+#include "bench/commands.h"
+#include "bench/idle_platform.h"
+#include "bench/json_text.h"
+#include "bench/loaded_store.h"
+#include "bench/process_memory.h"
+#include "core/code_page.h"
+
+namespace tessarine::bench {
+namespace {
+
+struct AnalysedLog {
+    const char* name;
+    ListControl MainForm::*table;
+    Chart MainForm::*chart;
+};
+
+constexpr std::array kLogs = {
+    AnalysedLog{"system", &MainForm::ListView2, &MainForm::sysPie},
+    AnalysedLog{"application", &MainForm::ListView3, &MainForm::appPie},
+    AnalysedLog{"security", &MainForm::ListView4, &MainForm::SecPie},
+};
+
+std::string table_rows(ListControl& table) {
+    std::string rows;
+    for (int position = 1; position <= table.count(); ++position) {
+        const ListControl::Row row = table.row(position);
+        if (!rows.empty()) rows += ",\n  ";
+        (rows += '[') += json_text(to_utf8(row.text())) + ", ";
+        rows += std::string(row.sub_item(1)) + ", " + json_text(to_utf8(row.sub_item(2)));
+        (rows += ", ") += std::to_string(row.small_icon()) + "]";
+    }
+    return rows;
+}
+
+std::string chart_points(const Chart& chart) {
+    std::string points;
+    for (const double point : chart.points) {
+        if (!points.empty()) points += ", ";
+        points += std::to_string(static_cast<std::int64_t>(point));
+    }
+    return points;
+}
+
+}  // namespace
+
+void analyse(std::span<char* const> words) {
+    const Arguments arguments(words, {}, 1, 1);
+    IdlePlatform idle;
+    Console console(idle.platform());
+    choose_store(console, arguments.plain().front());
+    MainForm& form = console.Form1;
+    for (CheckBox* box : {&form.Check4, &form.Check5, &form.Check6}) box->value = 1;
+    const long idle_memory = present_memory();
+    const double seconds = seconds_of([&] { run_overall_analysis(console); });
+    std::cout << "{\"seconds\": " << std::to_string(seconds) << ", \"idle_kib\": " << idle_memory
+              << ", \"peak_kib\": " << peak_memory();
+    for (const AnalysedLog& log : kLogs)
+        std::cout << ",\n " << json_text(log.name) << ": {\"table\": [\n  "
+                  << table_rows(form.*log.table) << "],\n  \"chart\": ["
+                  << chart_points(form.*log.chart) << "]}";
+    std::cout << "}\n";
+}
+
+}  // namespace tessarine::bench

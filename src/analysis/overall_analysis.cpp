@@ -1,0 +1,137 @@
+#include "analysis/overall_analysis.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "analysis/log_line_count.h"
+#include "core/console_state.h"
+#include "core/error_regime.h"
+#include "core/start_up.h"
+#include "core/text.h"
+#include "platform/directory_listing.h"
+#include "platform/files.h"
+#include "store/log_files.h"
+#include "store/record_reader.h"
+
+namespace tessarine {
+namespace {
+
+// The types in the order of the chart's columns: red, green, yellow.
+constexpr std::array kEventTypes = {
+    CountedType{kError, {"err", "feh"}, kIconError},
+    CountedType{kInformation, {"inf", "inf"}, kIconInformation},
+    CountedType{kWarning, {"war", "war"}, kIconWarning},
+};
+constexpr std::array kAuditTypes = {
+    CountedType{kAuditFailure, kAuditFailure, kIconAuditFailure},
+    CountedType{kAuditSuccess, kAuditSuccess, kIconAuditSuccess},
+};
+
+// KEEP(analysis-takes-names-without-underscore): the ending of a file's name begins with the word.
+// The store's own suffix looks right, but host-system.log belongs here as well.
+struct AnalysedLog {
+    std::string_view word;
+    std::string_view ending;
+    CheckBox MainForm::*box;
+    ListControl MainForm::*table;
+    Chart MainForm::*chart;
+    std::span<const CountedType> types;
+};
+
+constexpr std::array kLogs = {
+    AnalysedLog{"system", "system.log", &MainForm::Check4, &MainForm::ListView2, &MainForm::sysPie,
+                kEventTypes},
+    AnalysedLog{"application", "application.log", &MainForm::Check5, &MainForm::ListView3,
+                &MainForm::appPie, kEventTypes},
+    AnalysedLog{"security", "security.log", &MainForm::Check6, &MainForm::ListView4,
+                &MainForm::SecPie, kAuditTypes},
+};
+
+constexpr int kSummaryTab = 4;
+
+using Entries = std::vector<DirectoryListing::Entry>;
+
+// KEEP(analysis-progress-stops-at-32767): the number of files is counted as far as that, and the
+// bar can't go beyond its end. The files behind are analysed all the same.
+void set_bar_maximum(ProgressBar& bar, const Entries& files, const ErrorRegime& errors) {
+    constexpr std::size_t kMost = std::numeric_limits<std::int16_t>::max();
+    errors.run([&] { bar.set_maximum(static_cast<std::int64_t>(std::min(files.size(), kMost))); });
+}
+
+void show_progress(MainForm& form, const ErrorRegime& errors) {
+    errors.run([&] { form.pbar1.set_value(form.pbar1.value() + 1); });
+    form.st1.set_text(3, std::to_string(form.pbar1.value()) + "/" +
+                             std::to_string(form.pbar1.maximum()) +
+                             " records processed");  // sic: they are files
+}
+
+void count_lines(Console& console, const std::string& path, LogLineCount& lines) {
+    const std::unique_ptr<File> file = console.platform.files.open(path, OpenFor::Reading);
+    RecordReader reader(*file);
+    std::string_view line;
+    while (reader.next(line)) lines.take_line(line);
+    file->close();
+}
+
+void fill_table(ListControl& table, const std::vector<CodeCount>& codes) {
+    for (const auto& [code, source, icon, instances] : codes) {
+        ListControl::Row row = table.add_row(code, icon);
+        row.add_sub_item(std::to_string(instances));
+        row.add_sub_item(source);
+    }
+}
+
+void analyse(Console& console, const AnalysedLog& log, const ErrorRegime& errors) {
+    MainForm& form = console.Form1;
+    (form.*log.table).clear();
+    std::string folder;
+    Entries files;
+    errors.run([&] {
+        folder = data_folder(console.Form3->txtLogPath.text);
+        files = console.platform.directory_listing.files_ending_in(folder, std::string(log.ending));
+    });
+    set_bar_maximum(form.pbar1, files, errors);
+    LogLineCount lines(log.types);
+    for (const auto& [name, size] : files) {
+        show_progress(form, errors);
+        if (size != 0) errors.run([&] { count_lines(console, path_in(folder, name), lines); });
+    }
+    fill_table(form.*log.table, lines.codes());
+    (form.*log.chart).points = lines.starts();
+}
+
+}  // namespace
+
+void run_overall_analysis(Console& console) {
+    MainForm& form = console.Form1;
+    form.pbar1.set_visible(true);
+    for (const AnalysedLog& log : kLogs) {
+        if ((form.*log.box).value == 0) continue;
+        console.mouse_pointer = kPointerHourglass;
+        OverAllAnalysis(console, log.word);
+        console.mouse_pointer = kPointerDefault;
+    }
+    form.TabStrip2.selected = kSummaryTab;
+    click_tab_of_right_strip(console);
+}
+
+void OverAllAnalysis(Console& console, std::string_view LogFile) {
+    MainForm& form = console.Form1;
+    ErrorRegime errors;
+    errors.ignore_from_here();
+    form.pbar1.set_value(0);
+    const auto* log = std::find_if(kLogs.begin(), kLogs.end(), [&](const AnalysedLog& each) {
+        return same_text(LogFile, each.word);
+    });
+    if (log != kLogs.end()) analyse(console, *log, errors);
+    form.pbar1.set_value(0);
+    form.st1.set_text(3, "");
+}
+
+}  // namespace tessarine
