@@ -5,6 +5,13 @@
 #include "core/runtime_error.h"
 
 namespace tessarine {
+namespace {
+
+[[noreturn]] void invalid_value() {
+    throw RuntimeError(ErrorNumber::Overflow, "Invalid property value");
+}
+
+}  // namespace
 
 std::string StatusBar::text(int panel) const {
     const Panel& shown = panels_[static_cast<std::size_t>(panel - 1)];
@@ -24,6 +31,7 @@ void StatusBar::set_text(int panel, std::string text) {
 }
 
 void ProgressBar::set_maximum(std::int64_t maximum) {
+    if (maximum < 1) invalid_value();
     maximum_ = maximum;
     changed(StatusChange::Text);
 }
@@ -34,8 +42,7 @@ void ProgressBar::set_visible(bool visible) {
 }
 
 void ProgressBar::set_value(std::int64_t value) {
-    if (value < 0 || value > maximum_)
-        throw RuntimeError(ErrorNumber::Overflow, "Invalid property value");
+    if (value < 0 || value > maximum_) invalid_value();
     value_ = value;
     changed(StatusChange::Count);
 }

@@ -63,6 +63,7 @@ class ProgressBar {
     std::int64_t maximum() const { return maximum_; }
     bool visible() const { return visible_; }
 
+    /// Raises a RuntimeError for a maximum below 1.
     void set_maximum(std::int64_t maximum);
     void set_visible(bool visible);
     /// Raises a RuntimeError for a value outside 0 to the maximum.
