@@ -11,6 +11,7 @@ void load(std::span<char* const> words);
 void audit(std::span<char* const> words);
 void redisplay(std::span<char* const> words);
 void sort(std::span<char* const> words);
+void search(std::span<char* const> words);
 void html(std::span<char* const> words);
 void limits(std::span<char* const> words);
 

@@ -16,6 +16,7 @@ constexpr const char* kUsage =
     "       tessarine-bench redisplay STORE HOST LOG [--off BOX,...] [--times N]\n"
     "                                 [--alerts FILE] [--ignore FILE]\n"
     "       tessarine-bench sort STORE HOST LOG COLUMN\n"
+    "       tessarine-bench search STORE TEXT [--logs LOG,...] [--alerts FILE]\n"
     "       tessarine-bench html STORE HOST LOG FOLDER [--alerts FILE] [--ignore FILE]\n"
     "       tessarine-bench generate STORE --host NAME [--lines N] [--language german] [--seed N]\n"
     "       tessarine-bench audit STORE HOST [--settings FILE] [--kind full|M/D/YYYY]\n"
@@ -33,8 +34,8 @@ struct Command {
 
 constexpr std::array kCommands = {
     Command{"load", load},           Command{"generate", generate}, Command{"audit", audit},
-    Command{"redisplay", redisplay}, Command{"sort", sort},         Command{"html", html},
-    Command{"limits", limits},
+    Command{"redisplay", redisplay}, Command{"sort", sort},         Command{"search", search},
+    Command{"html", html},           Command{"limits", limits},
 };
 
 void run(std::span<char* const> words) {
