@@ -1,6 +1,7 @@
 #include "analysis/text_finder.h"
 
 #include <experimental/simd>
+#include <optional>
 
 #include "core/code_page.h"
 #include "core/text.h"
@@ -18,15 +19,17 @@ constexpr std::size_t kUnrolled = 4;
 // What is frequent in event logs, the most frequent first. All other characters are rare.
 constexpr std::string_view kFrequent = " entiarsodlucgmhp01f2345w6789yb.:kv-/,_zxj\\~q";
 
-std::size_t rarity(char character) {
-    return kFrequent.find(character);
-}
-
-// The place of the rarest character, `other` excepted as long as there is another one.
-std::size_t rarest_place(std::string_view text, std::size_t other) {
-    std::size_t rarest = other == 0 && text.size() > 1 ? 1 : 0;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        if (i != other && rarity(text[i]) > rarity(text[rarest])) rarest = i;
+// The place of the rarest character other than `but`; the last place where there is no other.
+std::size_t rarest_place(std::string_view text, std::optional<char> but) {
+    std::size_t rarest = text.size() - 1;
+    std::size_t rarity = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const std::size_t rank = text[i] == but ? 0 : kFrequent.find(text[i]);
+        if (rank > rarity) {
+            rarest = i;
+            rarity = rank;
+        }
+    }
     return rarest;
 }
 
@@ -44,9 +47,9 @@ TextFinder::TextFinder(std::string_view text)
         folded_[byte] = static_cast<char>(lower_case(static_cast<unsigned char>(byte)));
     folded_['|'] = ' ';
     if (text_.empty()) return;
-    const std::size_t rarest = rarest_place(text_, TextFinder::kNowhere);
+    const std::size_t rarest = rarest_place(text_, {});
     first_ = probe_at(rarest);
-    second_ = probe_at(rarest_place(text_, rarest));
+    second_ = probe_at(rarest_place(text_, text_[rarest]));
 }
 
 TextFinder::Probe TextFinder::probe_at(std::size_t offset) const {
