@@ -52,7 +52,7 @@ void analyse(std::span<char* const> words) {
     const Arguments arguments(words, {}, 1, 1);
     IdlePlatform idle;
     Console console(idle.platform());
-    choose_store(console, arguments.plain().front());
+    choose_store(console, arguments);
     MainForm& form = console.Form1;
     for (CheckBox* box : {&form.Check4, &form.Check5, &form.Check6}) box->value = 1;
     const long idle_memory = present_memory();

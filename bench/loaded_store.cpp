@@ -77,25 +77,25 @@ std::string tab_images(const TabStrip& strip) {
 
 }  // namespace
 
-void choose_store(Console& console, const std::string& folder) {
-    const std::string store = from_utf8(folder);
+void choose_store(Console& console, const Arguments& arguments) {
+    MainForm& form = console.Form1;
+    const std::string store = from_utf8(arguments.plain()[0]);
     if (!console.platform.files.folder_exists(data_folder(store)))
         throw UsageError("there is no folder " + to_utf8(data_folder(store)));
     console.Form3->txtLogPath.text = store;
-}
-
-std::string choose_host(Console& console, const Arguments& arguments) {
-    MainForm& form = console.Form1;
-    choose_store(console, arguments.plain()[0]);
-    const std::string host = from_utf8(arguments.plain()[1]);
-    form.ListView1.add_row(host, 0).set_selected(true);
-    form.ListView1.set_selected_item(1);
     form.highlightpatt.checked = arguments.has("--alerts");
     form.hideignore.checked = arguments.has("--ignore");
     if (form.highlightpatt.checked)
         fill_list(console.platform.files, arguments.value("--alerts"), form.AlertList);
     if (form.hideignore.checked)
         fill_list(console.platform.files, arguments.value("--ignore"), form.IgnoreList);
+}
+
+std::string choose_host(Console& console, const Arguments& arguments) {
+    choose_store(console, arguments);
+    const std::string host = from_utf8(arguments.plain()[1]);
+    console.Form1.ListView1.add_row(host, 0).set_selected(true);
+    console.Form1.ListView1.set_selected_item(1);
     return host;
 }
 

@@ -1,4 +1,4 @@
-// What the commands on a host's stored logs have in common.
+// What the commands on stored logs have in common.
 #pragma once
 
 #include <chrono>
@@ -9,12 +9,12 @@
 
 namespace tessarine::bench {
 
-/// Sets the console up for the store in a folder; raises a UsageError when there is none.
-void choose_store(Console& console, const std::string& folder);
+/// Sets the console up for the store that is the first plain word, and for the lists of one code a
+/// line that the options "--alerts" and "--ignore" name: a load highlights or hides by them. Raises
+/// a UsageError when there is no such store or list.
+void choose_store(Console& console, const Arguments& arguments);
 
-/// The same for the store that is the first plain word, and for the host that is the second, and
-/// for the lists of one code a line that the options "--alerts" and "--ignore" name: a load
-/// highlights or hides by them. Returns the host. Raises a UsageError when there is no such list.
+/// The same, and for the host that is the second plain word, which it returns.
 std::string choose_host(Console& console, const Arguments& arguments);
 
 /// The table of "system", "application" or "security"; any other word is a UsageError.

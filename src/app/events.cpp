@@ -3,6 +3,7 @@
 #include <array>
 
 #include "analysis/overall_analysis.h"
+#include "analysis/search.h"
 #include "audit/connection_check.h"
 #include "audit/custom_audit.h"
 #include "audit/full_audit.h"
@@ -85,6 +86,10 @@ constexpr std::array kEvents = {
     ControlEvent{Form1, "SecSucc", Click, plain<click_security_box>},
     ControlEvent{Form1, "SecFail", Click, plain<click_security_box>},
     ControlEvent{Form1, "print", Click, plain<print_current_page>},
+
+    // The search.
+    ControlEvent{Form1, "Command4", Click, plain<search_and_remember>},
+    ControlEvent{Form1, "Command5", Click, plain<clear_search_history>},
 
     // The analysis and its tables.
     ControlEvent{Form1, "Command3", Click, plain<run_overall_analysis>},

@@ -82,7 +82,7 @@ QWidget* HostColumn::new_search_page() {
 }
 
 QWidget* HostColumn::new_search_group() {
-    auto* group = new QGroupBox(tr("Search"));
+    auto* group = new QGroupBox(tr("Search Specific String"));
     group->setEnabled(door_.leads_on(FormId::Form1, "Command4", EventKind::Click));
     auto* rows = new QVBoxLayout(group);
     rows->addWidget(named(new QLineEdit, "TxtSearch", tr("Text to search for")));

@@ -1,9 +1,6 @@
 #include "viewer/record_rows.h"
 
-#include <algorithm>
-
 #include "core/console_state.h"
-#include "core/text.h"
 
 namespace tessarine {
 namespace {
@@ -16,9 +13,8 @@ RecordRows::RecordRows(Console& console, const LogTable& log_table, LoadCounts& 
     : console_(console),
       log_(log_table),
       counts_(counts),
-      table_(console.Form1.*log_table.table),
-      ignored_codes_(console.Form1.IgnoreList),
-      alert_codes_(console.Form1.AlertList) {
+      rows_(console, console.Form1.*log_table.table, log_table.types),
+      ignored_codes_(console.Form1.IgnoreList) {
     errors_.ignore_from_here();
 }
 
@@ -36,16 +32,12 @@ void RecordRows::show_line(const EventRecord& record) {
         ++counts_.ignored;
         return;
     }
-    const ShownType* type = type_of(record.field(Field::Type));
+    const ShownType* type = rows_.type_of(record);
     if (type != nullptr && (form.*type->box).value == 0) return;
-    // KEEP(unmatched-type-grows-the-last-row): a record of no known type adds no row, but its
-    // fields and its colour still go to the row at the end of the table. Dropping it whole looks
-    // right.
-    if (type != nullptr)
-        add_row(record, type->small_icon);
-    else
-        add_fields(record);
-    if (form.highlightpatt.checked) highlight(record);
+    rows_.add(record, type);
+    const int matches = rows_.highlight(record);
+    if (matches > 0) alert_ = true;
+    counts_.highlighted += matches;
 }
 
 // KEEP(missing-code-counts-as-a-match): where the record has no code, the first test of the walk
@@ -53,50 +45,6 @@ void RecordRows::show_line(const EventRecord& record) {
 bool RecordRows::is_ignored(const EventRecord& record) {
     return ignored_codes_.entries() > 0 &&
            errors_.passes([&] { return ignored_codes_.count(record.field(Field::Event)) > 0; });
-}
-
-const ShownType* RecordRows::type_of(std::string_view word) const {
-    const auto found =
-        std::find_if(log_.types.begin(), log_.types.end(), [word](const ShownType& type) {
-            return same_text(word, type.word.english) || same_text(word, type.word.german);
-        });
-    return found == log_.types.end() ? nullptr : &*found;
-}
-
-// A whole record becomes a row in one step. The others, and those of a sorted table, go step by
-// step.
-void RecordRows::add_row(const EventRecord& record, int small_icon) {
-    if (record.complete() && !table_.sorted()) {
-        table_.add_record_row(record.text(), small_icon);
-        return;
-    }
-    table_.add_row(record.field(Field::Type), small_icon);
-    add_fields(record);
-}
-
-// The row is found anew as the last one for each sub-item, whichever row was added. A field or a
-// row that is missing fails its statement and nothing else; asking first comes to the same and
-// spares a foreign log millions of failures.
-void RecordRows::add_fields(const EventRecord& record) {
-    if (table_.count() == 0) return;
-    for (int i = 1; i < record.field_count(); ++i) table_.last_row().add_sub_item(record.field(i));
-}
-
-// KEEP(alert-entries-count-each): the walk does not stop at a match, so a code that stands twice in
-// the list counts twice for one record; and a record without a code matches every entry.
-void RecordRows::highlight(const EventRecord& record) {
-    int matches = alert_codes_.entries();
-    errors_.run([&] { matches = alert_codes_.count(record.field(Field::Event)); });
-    if (matches == 0) return;
-    if (table_.count() > 0) colour_last_row();
-    alert_ = true;
-    counts_.highlighted += matches;
-}
-
-void RecordRows::colour_last_row() {
-    ListControl::Row row = table_.last_row();
-    const int last_column = std::min(row.sub_item_count(), RecordText::kFields - 1);
-    for (int column = 0; column <= last_column; ++column) row.set_fore_colour(column, kRed);
 }
 
 }  // namespace tessarine

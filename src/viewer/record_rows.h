@@ -1,4 +1,4 @@
-// How the lines of an event log file become rows of a table.
+// How the lines of a host's event log file become rows of a table.
 #pragma once
 
 #include <cstdint>
@@ -9,6 +9,7 @@
 #include "patterns/code_matches.h"
 #include "store/event_record.h"
 #include "viewer/log_tables.h"
+#include "viewer/table_rows.h"
 
 namespace tessarine {
 
@@ -36,19 +37,13 @@ class RecordRows {
 
   private:
     bool is_ignored(const EventRecord& record);
-    const ShownType* type_of(std::string_view word) const;
     void show_line(const EventRecord& record);
-    void add_row(const EventRecord& record, int small_icon);
-    void add_fields(const EventRecord& record);
-    void highlight(const EventRecord& record);
-    void colour_last_row();
 
     Console& console_;
     const LogTable& log_;
     LoadCounts& counts_;
-    ListControl& table_;
+    TableRows rows_;
     CodeMatches ignored_codes_;
-    CodeMatches alert_codes_;
     ErrorRegime errors_;
     Counter16 record_counter_;
     bool alert_ = false;

@@ -52,7 +52,9 @@ TEST(ProgressBar, TakesNoValueBeyondItsEnds) {
     bar.set_value(3);
     EXPECT_THROW(bar.set_value(4), RuntimeError);
     EXPECT_THROW(bar.set_value(-1), RuntimeError);
+    EXPECT_THROW(bar.set_maximum(0), RuntimeError);
     EXPECT_EQ(bar.value(), 3);
+    EXPECT_EQ(bar.maximum(), 3);
 }
 
 TEST(RunEvent, EndsTheProgramWithAMessageWhenARoutineFails) {

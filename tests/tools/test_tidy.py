@@ -79,6 +79,7 @@ class TidyTest(unittest.TestCase):
         for path, include in (
             ("src/hosts/a.cpp", "<QString>"),
             ("src/hosts/a.cpp", "<unistd.h>"),
+            ("src/hosts/a.cpp", "<sys/stat>"),
             ("src/hosts/a.cpp", '"ui/window.h"'),
             ("src/core/a.cpp", '"adapters/wire/pull.h"'),
             ("src/core/a.cpp", '"app/events.h"'),

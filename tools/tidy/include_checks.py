@@ -16,7 +16,7 @@ _MAY_INCLUDE = {
     "app": _ALL,
 }
 # The headers of C++'s standard library, its C headers in their C++ names, have no ending.
-_STANDARD = re.compile(r"[a-z_0-9]+$")
+_STANDARD = re.compile(r"(experimental/)?[a-z_0-9]+$")
 
 
 def check_includes(tree):
