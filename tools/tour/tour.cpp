@@ -54,6 +54,8 @@ void Tour::walk() {
     view_three_hosts();
     read_an_event();
     highlight_a_code();
+    search_all_hosts();
+    analyse_all_hosts();
     audit_from_a_day();
     add_a_host();
     show_about();
@@ -238,6 +240,27 @@ bool Tour::any_red_row() const {
             if (model->index(row, 0).data(Qt::ForegroundRole).isValid()) return true;
     }
     return false;
+}
+
+void Tour::search_all_hosts() {
+    user_.click_tab("TabStrip1", 1);
+    for (const char* box : {"Check1", "Check2", "Check3"}) user_.click(box);
+    user_.type("TxtSearch", "the service");
+    user_.click("Command4");
+    check(user_.rows("SystemList") > 0, "the search finds nothing");
+    user_.click_tab("TabStrip2", 0);
+    album_.take("search");
+}
+
+void Tour::analyse_all_hosts() {
+    for (const char* box : {"Check4", "Check5", "Check6"}) user_.click(box);
+    user_.click("Command3");
+    check(user_.rows("ListView2") > 0, "the analysis finds nothing");
+    user_.click_row("ListView2", 0);
+    album_.take("analysis");
+    show_menu_of("ListView2", 0, "popmeup3", "analysis-menu");
+    user_.click_tab("TabStrip1", 0);
+    user_.click_tab("TabStrip2", 0);
 }
 
 void Tour::audit_from_a_day() {

@@ -31,6 +31,8 @@ class Tour {
     void read_an_event();
     void export_page();
     void highlight_a_code();
+    void search_all_hosts();
+    void analyse_all_hosts();
     void audit_from_a_day();
     void add_a_host();
     void show_about();
