@@ -22,18 +22,14 @@ constexpr OM_uint32 kAskedFlags = GSS_C_MUTUAL_FLAG | GSS_C_REPLAY_FLAG | GSS_C_
                                   GSS_C_INTEG_FLAG | GSS_C_CONF_FLAG;
 
 // NTLM is a plug-in that nothing links; without this look its absence says "unsupported mechanism".
-bool ntlm_is_there() {
+void require_ntlm() {
     OM_uint32 minor = 0;
     int present = 0;
     GssOidSet mechanisms;
     Ntlm ntlm;
     gss_indicate_mechs(&minor, mechanisms.address());
     gss_test_oid_set_member(&minor, &ntlm.oid, mechanisms.get(), &present);
-    return present != 0;
-}
-
-void require_ntlm() {
-    if (!ntlm_is_there())
+    if (present == 0)
         raise_failure("No NTLM plugin for GSSAPI on this machine: install gss-ntlmssp");
 }
 

@@ -38,7 +38,8 @@ bool is_kerberos(gss_ctx_id_t context) {
     const OM_uint32 major = gss_inquire_context(&minor, context, nullptr, nullptr, nullptr,
                                                 &mechanism, nullptr, nullptr, nullptr);
     require_success("The sign-in can't seal messages", major, minor);
-    if (mechanism == GSS_C_NO_OID) raise_failure("The sign-in can't seal messages: it has no end");
+    if (mechanism == GSS_C_NO_OID)
+        raise_failure("The sign-in can't seal messages: it is not complete");
     return same_mechanism(*mechanism, Kerberos().oid);
 }
 
