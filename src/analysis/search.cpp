@@ -102,7 +102,7 @@ class SearchRun {
     Counter16 planned_;
     Counter16 opened_;
     ErrorRegime errors_;
-    std::array<bool, 4> alerts_{};  // by tab
+    TabAlerts alerts_{};
 };
 
 void SearchRun::run() {
@@ -181,9 +181,7 @@ void SearchRun::take_hit(std::string_view line, TableRows& rows, bool& alert) {
 void SearchRun::show_result() {
     int shown = 0;
     for (const Pass& pass : kPasses) shown += (form_.*pass.table).count();
-    for (const int tab : {1, 3, 2})
-        form_.TabStrip2.tab(tab).image =
-            alerts_[static_cast<std::size_t>(tab)] ? kTabAlert : kTabPlain;
+    mark_tabs(form_.TabStrip2, alerts_, {1, 3, 2});
     form_.st1.set_text(1, "Done ...");
     form_.st1.set_text(3, "Showing " + std::to_string(shown) + " records");
     form_.pbar1.set_value(0);

@@ -60,7 +60,7 @@ void ShowRecords(Console& console, const std::string& HostName, const std::strin
     console.platform.form_windows.let_events_pass();
     form.mouse_pointer = kPointerHourglass;
     LoadCounts counts;
-    std::array<bool, 4> alerts{};  // by tab
+    TabAlerts alerts{};
     for (const auto& [word, table, pending] : kRedisplays) {
         if (!same_text(SelLog, word)) continue;
         // KEEP(redisplay-fills-a-sorted-table): sorting stays on, so that rows take their sorted
@@ -73,9 +73,7 @@ void ShowRecords(Console& console, const std::string& HostName, const std::strin
     // KEEP(redisplay-resets-foreign-tab-marks): the marks of two tabs follow the one log that was
     // read, and the application's keeps what the full load gave it. Marking the tab of the log that
     // was read, and no other, looks right.
-    for (const int tab : {1, 3})
-        form.TabStrip2.tab(tab).image =
-            alerts[static_cast<std::size_t>(tab)] ? kTabAlert : kTabPlain;
+    mark_tabs(form.TabStrip2, alerts, {1, 3});
     console.platform.form_windows.let_events_pass();
     form.mouse_pointer = kPointerDefault;
     form.st1.set_text(1, "");

@@ -51,13 +51,11 @@ void ViewEventLog(Console& console, const std::string& HostName) {
     console.platform.form_windows.let_events_pass();
     console.mouse_pointer = kPointerHourglass;
     LoadCounts counts;
-    std::array<bool, 4> alerts{};  // by tab
+    TabAlerts alerts{};
     for (const auto& [table, pending] : kSteps)
         alerts[static_cast<std::size_t>(table.tab)] =
             read_log(console, table, HostName, pending, counts);
-    for (const int tab : {1, 3, 2})
-        form.TabStrip2.tab(tab).image =
-            alerts[static_cast<std::size_t>(tab)] ? kTabAlert : kTabPlain;
+    mark_tabs(form.TabStrip2, alerts, {1, 3, 2});
     console.platform.form_windows.let_events_pass();
     console.mouse_pointer = kPointerDefault;
     // The empty text also wipes what was said of a missing security log.

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <initializer_list>
 #include <span>
 #include <string_view>
 
@@ -67,5 +69,13 @@ inline constexpr LogTable kApplicationTable{.log = EventLog::Application,
 /// Images of a tab: as usual, and with an alert in its log.
 inline constexpr int kTabPlain = 1;
 inline constexpr int kTabAlert = 2;
+
+/// By tab of TabStrip2, from 1: whether its log has an alert.
+using TabAlerts = std::array<bool, 4>;
+
+inline void mark_tabs(TabStrip& strip, const TabAlerts& alerts, std::initializer_list<int> tabs) {
+    for (const int tab : tabs)
+        strip.tab(tab).image = alerts[static_cast<std::size_t>(tab)] ? kTabAlert : kTabPlain;
+}
 
 }  // namespace tessarine
