@@ -1,10 +1,10 @@
 #include "analysis/code_tally.h"
 
-#include <algorithm>
 #include <random>
 #include <utility>
 
 #include "core/code_page.h"
+#include "core/text.h"
 
 namespace tessarine {
 namespace {
@@ -44,18 +44,12 @@ std::uint32_t CodeTally::hash_of(std::string_view code) const {
     return hash;
 }
 
-bool CodeTally::equal(std::string_view left, std::string_view right) const {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(), [this](char a, char b) {
-        return folded_[static_cast<unsigned char>(a)] == folded_[static_cast<unsigned char>(b)];
-    });
-}
-
 // The slot that the code has, or the free one that it is to take.
 CodeTally::Slot& CodeTally::slot_of(std::string_view code, std::uint32_t hash) {
     const std::size_t mask = slots_.size() - 1;
     std::size_t at = hash & mask;
     while (slots_[at].code != 0 &&
-           (slots_[at].hash != hash || !equal(codes_[slots_[at].code - 1].code, code)))
+           (slots_[at].hash != hash || !same_text(codes_[slots_[at].code - 1].code, code)))
         at = (at + 1) & mask;
     return slots_[at];
 }

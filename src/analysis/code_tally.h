@@ -37,7 +37,6 @@ class CodeTally {
     };
 
     std::uint32_t hash_of(std::string_view code) const;
-    bool equal(std::string_view left, std::string_view right) const;
     Slot& slot_of(std::string_view code, std::uint32_t hash);
     void grow();
 
