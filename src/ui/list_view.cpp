@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <algorithm>
 
+#include "ui/cell_delegate.h"
 #include "ui/qt_text.h"
 
 namespace tessarine {
@@ -23,6 +24,7 @@ int number_of(Qt::MouseButton button) {
 ListView::ListView(ListControl& list, Selects selects, Widths widths)
     : list_(list), model_(new ListControlModel(list, this)), widths_(widths) {
     setModel(model_);
+    setItemDelegate(new CellDelegate(this));
     setSelectionBehavior(SelectRows);
     setSelectionMode(selects == Selects::ManyRows ? ExtendedSelection : SingleSelection);
     setEditTriggers(NoEditTriggers);

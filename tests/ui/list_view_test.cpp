@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QStyledItemDelegate>
 #include <QTest>
 
 #include "ui/list_view.h"
@@ -88,6 +89,23 @@ TEST(ListView, TheRedOfAHighlightedRowIsReadableOnLightAndOnDark) {
         EXPECT_GT(red.red(), red.green() + 80);
     }
     QApplication::setPalette(before);
+}
+
+TEST(ListView, ALongTextLooksAsIfAllOfItHadBeenMeasured) {
+    ListControl list(three_columns());
+    ListView view(list, ListView::Selects::OneRow);
+    view.resize(900, 200);
+    for (const char* letters : {"l", "The driver found an error. ", "W"}) {
+        std::string text;
+        while (text.size() < 580) text += letters;
+        list.add_row(text, 4).add_sub_item(text);
+        list.last_row().add_sub_item(text);
+    }
+    view.refresh();
+    const QImage cut = view.grab().toImage();
+    QStyledItemDelegate uncut;
+    view.setItemDelegate(&uncut);
+    EXPECT_EQ(cut, view.grab().toImage());
 }
 
 TEST(ListView, WritesWhatTheUserSelectsAndShowsWhatTheConsoleSelects) {
