@@ -14,6 +14,7 @@ void sort(std::span<char* const> words);
 void analyse(std::span<char* const> words);
 void search(std::span<char* const> words);
 void html(std::span<char* const> words);
+void write(std::span<char* const> words);
 void limits(std::span<char* const> words);
 
 }  // namespace tessarine::bench

@@ -4,6 +4,7 @@
 #include "adapters/system/local_files.h"
 #include "bench/arguments.h"
 #include "bench/commands.h"
+#include "bench/loaded_store.h"
 #include "bench/log_lines.h"
 #include "core/code_page.h"
 #include "store/log_files.h"
@@ -14,10 +15,6 @@ namespace {
 constexpr int kUsualLines = 600'000;
 // The security log is the one to be measured; the other two are there to be loaded as well.
 constexpr int kShareOfOtherLogs = 100;
-
-void ensure_folder(Files& files, const std::string& path) {
-    if (!files.folder_exists(path)) files.create_folder(path);
-}
 
 Language language_of(const std::string& name) {
     if (name == "english") return Language::English;
@@ -36,8 +33,7 @@ void generate(std::span<char* const> words) {
     const int lines = arguments.number("--lines", kUsualLines);
     const auto seed = static_cast<std::uint64_t>(arguments.number("--seed", 1));
     LocalFiles files;
-    ensure_folder(files, store);
-    ensure_folder(files, data_folder(store));
+    ensure_store(files, store);
     for (const EventLog log : kEventLogs) {
         LogLines source(log, host, language, seed);
         const auto file = files.open(host_log_path(store, host, log), OpenFor::Writing);

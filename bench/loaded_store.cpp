@@ -77,6 +77,11 @@ std::string tab_images(const TabStrip& strip) {
 
 }  // namespace
 
+void ensure_store(Files& files, const std::string& store) {
+    for (const std::string& folder : {store, data_folder(store)})
+        if (!files.folder_exists(folder)) files.create_folder(folder);
+}
+
 void choose_store(Console& console, const Arguments& arguments) {
     MainForm& form = console.Form1;
     const std::string store = from_utf8(arguments.plain()[0]);

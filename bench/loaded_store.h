@@ -9,6 +9,9 @@
 
 namespace tessarine::bench {
 
+/// Makes the folders of a store that are missing.
+void ensure_store(Files& files, const std::string& store);
+
 /// Sets the console up for the store that is the first plain word, and for the lists of one code a
 /// line that the options "--alerts" and "--ignore" name: a load highlights or hides by them. Raises
 /// a UsageError when there is no such store or list.

@@ -20,6 +20,7 @@ constexpr const char* kUsage =
     "       tessarine-bench search STORE TEXT [--logs LOG,...] [--alerts FILE]\n"
     "       tessarine-bench html STORE HOST LOG FOLDER [--alerts FILE] [--ignore FILE]\n"
     "       tessarine-bench generate STORE --host NAME [--lines N] [--language german] [--seed N]\n"
+    "       tessarine-bench write N STORE\n"
     "       tessarine-bench audit STORE HOST [--settings FILE] [--kind full|M/D/YYYY]\n"
     "                             [--option append|overwrite|move]\n"
     "       tessarine-bench limits read|lines|slurp FILE...\n"
@@ -36,7 +37,8 @@ struct Command {
 constexpr std::array kCommands = {
     Command{"load", load},           Command{"generate", generate}, Command{"audit", audit},
     Command{"redisplay", redisplay}, Command{"sort", sort},         Command{"analyse", analyse},
-    Command{"search", search},       Command{"html", html},         Command{"limits", limits},
+    Command{"search", search},       Command{"html", html},         Command{"write", write},
+    Command{"limits", limits},
 };
 
 void run(std::span<char* const> words) {
