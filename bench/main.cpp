@@ -12,7 +12,7 @@ namespace tessarine::bench {
 namespace {
 
 constexpr const char* kUsage =
-    "usage: tessarine-bench load STORE HOST [--alerts FILE] [--ignore FILE]\n"
+    "usage: tessarine-bench load STORE HOST [--alerts FILE] [--ignore FILE] [--again N]\n"
     "       tessarine-bench redisplay STORE HOST LOG [--off BOX,...] [--times N]\n"
     "                                 [--alerts FILE] [--ignore FILE]\n"
     "       tessarine-bench sort STORE HOST LOG COLUMN\n"

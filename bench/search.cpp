@@ -48,9 +48,10 @@ void search(std::span<char* const> words) {
     choose_store(console, arguments);
     console.Form1.TxtSearch.text = from_utf8(arguments.plain()[1]);
     tick_logs(console.Form1, arguments.value("--logs", "s,a,p"));
+    const long idle_memory = present_memory();
     const double seconds = seconds_of([&] { Search(console); });
-    std::cout << "{\"seconds\": " << std::to_string(seconds) << ", \"peak_kib\": " << peak_memory()
-              << ",\n"
+    std::cout << "{\"seconds\": " << std::to_string(seconds) << ", \"idle_kib\": " << idle_memory
+              << ", \"peak_kib\": " << peak_memory() << ",\n"
               << " \"panel1\": " << json_text(to_utf8(console.Form1.st1.text(1))) << ",\n"
               << screen_members(console) << "}\n";
 }
