@@ -13,10 +13,7 @@ constexpr std::size_t kFirstSlots = 1024;
 
 }  // namespace
 
-CodeTally::CodeTally() : slots_(kFirstSlots), hash_start_(std::random_device()()) {
-    for (std::size_t i = 0; i < folded_.size(); ++i)
-        folded_[i] = lower_case(static_cast<unsigned char>(i));
-}
+CodeTally::CodeTally() : slots_(kFirstSlots), hash_start_(std::random_device()()) {}
 
 void CodeTally::count(std::string_view code, std::string_view source, int icon) {
     const std::uint32_t hash = hash_of(code);
@@ -40,7 +37,7 @@ std::vector<CodeCount> CodeTally::codes() const {
 std::uint32_t CodeTally::hash_of(std::string_view code) const {
     std::uint32_t hash = hash_start_;
     for (const char letter : code)
-        hash = (hash ^ folded_[static_cast<unsigned char>(letter)]) * 16777619U;
+        hash = (hash ^ lower_case(static_cast<unsigned char>(letter))) * 16777619U;
     return hash;
 }
 

@@ -1,7 +1,6 @@
 // Counting records by their event code.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -40,7 +39,6 @@ class CodeTally {
     Slot& slot_of(std::string_view code, std::uint32_t hash);
     void grow();
 
-    std::array<unsigned char, 256> folded_{};
     std::vector<CodeCount> codes_;  // instances without `everywhere_` as it was when the code came
     std::vector<Slot> slots_;       // a power of two of them, at most half of them in use
     std::int64_t everywhere_ = 0;

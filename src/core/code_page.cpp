@@ -60,26 +60,11 @@ char32_t take_point(std::string_view& text) {
     return valid ? point : kNotUtf8;
 }
 
-constexpr std::array<unsigned char, 256> make_lower_table() {
-    std::array<unsigned char, 256> table{};
-    for (unsigned i = 0; i < 256; ++i) table[i] = static_cast<unsigned char>(i);
-    for (unsigned i = 'A'; i <= 'Z'; ++i) table[i] = static_cast<unsigned char>(i + 32);
-    for (unsigned i = 0xC0; i <= 0xDE; ++i)
-        if (i != 0xD7) table[i] = static_cast<unsigned char>(i + 32);
-    table[0x8A] = 0x9A;
-    table[0x8C] = 0x9C;
-    table[0x8E] = 0x9E;
-    table[0x9F] = 0xFF;
-    return table;
-}
-
-constexpr auto kLower = make_lower_table();
-
 constexpr std::array<unsigned char, 256> make_upper_table() {
     std::array<unsigned char, 256> table{};
     for (unsigned i = 0; i < 256; ++i) table[i] = static_cast<unsigned char>(i);
     for (unsigned i = 0; i < 256; ++i)
-        if (kLower[i] != i) table[kLower[i]] = static_cast<unsigned char>(i);
+        if (kLowerCase[i] != i) table[kLowerCase[i]] = static_cast<unsigned char>(i);
     return table;
 }
 
@@ -141,9 +126,6 @@ std::string from_utf16(std::u16string_view text) {
     return eight_bit;
 }
 
-unsigned char lower_case(unsigned char character) {
-    return kLower[character];
-}
 unsigned char upper_case(unsigned char character) {
     return kUpper[character];
 }
