@@ -98,9 +98,10 @@ void analyse(Console& console, const AnalysedLog& log, const ErrorRegime& errors
     });
     set_bar_maximum(form.pbar1, files, errors);
     LogLineCount lines(log.types);
-    for (const auto& [name, size] : files) {
+    for (const DirectoryListing::Entry& file : files) {
         show_progress(form, errors);
-        if (size != 0) errors.run([&] { count_lines(console, path_in(folder, name), lines); });
+        if (file.size != 0)
+            errors.run([&] { count_lines(console, path_in(folder, file.name), lines); });
     }
     fill_table(form.*log.table, lines.codes());
     (form.*log.chart).points = lines.starts();
