@@ -24,8 +24,8 @@ std::string status_text(OM_uint32 status, int kind, gss_OID mechanism) {
 }  // namespace
 
 std::string gss_error_text(OM_uint32 major, OM_uint32 minor, gss_OID mechanism) {
-    const std::string text = status_text(major, GSS_C_GSS_CODE, mechanism);
-    const std::string detail = minor == 0 ? "" : status_text(minor, GSS_C_MECH_CODE, mechanism);
+    std::string text = status_text(major, GSS_C_GSS_CODE, mechanism);
+    std::string detail = minor == 0 ? "" : status_text(minor, GSS_C_MECH_CODE, mechanism);
     // Plug-ins often know no more than that.
     if (detail.empty() || same_ascii_text(detail, "Unknown error")) return text;
     // Here the first text says no more than that the second one follows.
