@@ -39,9 +39,9 @@ std::string table_rows(ListControl& table) {
 
 std::string chart_points(const Chart& chart) {
     std::string points;
-    for (const double point : chart.points) {
+    for (const std::int64_t point : chart.points) {
         if (!points.empty()) points += ", ";
-        points += std::to_string(static_cast<std::int64_t>(point));
+        points += std::to_string(point);
     }
     return points;
 }

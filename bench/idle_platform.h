@@ -8,6 +8,7 @@
 #include "adapters/system/system_clock.h"
 #include "core/console_state.h"
 #include "core/runtime_error.h"
+#include "platform/chart_picture.h"
 #include "platform/clipboard.h"
 #include "platform/dialogs.h"
 #include "platform/event_source.h"
@@ -56,6 +57,11 @@ class IdleDialogs final : public Dialogs {
 class IdleClipboard final : public Clipboard {
     void clear() override {}
     void set_text(const std::string&) override {}
+    std::string picture() override { return {}; }
+};
+
+class IdleChartPicture final : public ChartPicture {
+    void copy_to_clipboard(const Chart&) override {}
 };
 
 class IdleShell final : public Shell {
@@ -82,6 +88,7 @@ struct IdlePlatform {
     IdleWindows form_windows;
     IdleDialogs dialogs;
     IdleClipboard clipboard;
+    IdleChartPicture chart_picture;
     IdleShell shell;
     IdleProgram program;
 
@@ -97,6 +104,7 @@ struct IdlePlatform {
                 .form_windows = form_windows,
                 .dialogs = dialogs,
                 .clipboard = clipboard,
+                .chart_picture = chart_picture,
                 .shell = shell,
                 .program = program,
                 .table_memory = &table_memory,

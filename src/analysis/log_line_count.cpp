@@ -58,11 +58,10 @@ void LogLineCount::take_line(std::string_view line) {
         codes_.count_all();
 }
 
-std::vector<double> LogLineCount::starts() const {
+std::vector<std::int64_t> LogLineCount::starts() const {
     constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
-    std::vector<double> counted;
-    for (std::size_t i = 0; i < types_.size(); ++i)
-        counted.push_back(static_cast<double>(std::min(starts_[i], kMost)));
+    std::vector<std::int64_t> counted;
+    for (std::size_t i = 0; i < types_.size(); ++i) counted.push_back(std::min(starts_[i], kMost));
     return counted;
 }
 

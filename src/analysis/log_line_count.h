@@ -32,7 +32,7 @@ class LogLineCount {
 
     std::vector<CodeCount> codes() const { return codes_.codes(); }
     /// How many lines start as the types do, in the order of the types, 2,147,483,647 at most.
-    std::vector<double> starts() const;
+    std::vector<std::int64_t> starts() const;
 
   private:
     struct SeenType {

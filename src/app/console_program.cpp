@@ -17,6 +17,7 @@
 #include "core/console_state.h"
 #include "core/run_event.h"
 #include "core/start_up.h"
+#include "ui/chart_pictures.h"
 #include "ui/form_windows.h"
 #include "ui/theme_icons.h"
 
@@ -39,6 +40,7 @@ struct ConsoleProgram::Parts {
     QtProgram program;
     QtDialogs dialogs;
     QtClipboard clipboard;
+    QtChartPicture chart_picture;
     QtShell shell;
     SocketProbe probe;
     LocalFiles files;
@@ -57,6 +59,7 @@ struct ConsoleProgram::Parts {
                      .form_windows = windows,
                      .dialogs = dialogs,
                      .clipboard = clipboard,
+                     .chart_picture = chart_picture,
                      .shell = shell,
                      .program = program,
                      .table_memory = &memory,

@@ -2,11 +2,13 @@
 
 #include <array>
 
+#include "analysis/graphical_analysis.h"
 #include "analysis/overall_analysis.h"
 #include "analysis/search.h"
 #include "audit/connection_check.h"
 #include "audit/custom_audit.h"
 #include "audit/full_audit.h"
+#include "core/console_state.h"
 #include "core/start_up.h"
 #include "hosts/add_host_dialog.h"
 #include "hosts/host_list.h"
@@ -33,6 +35,19 @@ void press_on_host_list_with(Console& console, const EventDetails& details) {
     press_on_host_list(console, details.button);
 }
 
+// Draws a chart of the main window as bars or as a pie.
+template <auto chart, ChartType type>
+void draw_as(Console& console, const EventDetails&) {
+    (console.Form1.*chart).type = type;
+}
+
+// The same for the graph of Form5.
+template <ChartType type>
+void draw_graph_as(Console& console, const EventDetails&) {
+    console.Form5->pie.type = type;
+}
+
+using enum ChartType;
 using enum EventKind;
 using enum FormId;
 
@@ -96,8 +111,22 @@ constexpr std::array kEvents = {
     ControlEvent{Form1, "ListView2", MouseUp, release_on_system_analysis},
     ControlEvent{Form1, "ListView3", MouseUp, release_on_application_analysis},
     ControlEvent{Form1, "ListView4", MouseUp, release_on_security_analysis},
+    ControlEvent{Form1, "Option4", Click, draw_as<&MainForm::sysPie, Pie>},
+    ControlEvent{Form1, "Option5", Click, draw_as<&MainForm::sysPie, Bar>},
+    ControlEvent{Form1, "Option2", Click, draw_as<&MainForm::appPie, Pie>},
+    ControlEvent{Form1, "Option1", Click, draw_as<&MainForm::appPie, Bar>},
+    ControlEvent{Form1, "Option3", Click, draw_as<&MainForm::SecPie, Pie>},
+    ControlEvent{Form1, "Option6", Click, draw_as<&MainForm::SecPie, Bar>},
     ControlEvent{Form1, "addtohighlightlist3", Click, plain<addtohighlightlist3>},
     ControlEvent{Form1, "lookupinquillard2", Click, plain<lookupinquillard2>},
+
+    // The graph of a host.
+    ControlEvent{Form1, "graphicalview", Click, plain<graphicalview>},
+    ControlEvent{Form5, "Option1", Click, plain<graph_system_log>},
+    ControlEvent{Form5, "Option2", Click, plain<graph_application_log>},
+    ControlEvent{Form5, "Option3", Click, plain<graph_security_log>},
+    ControlEvent{Form5, "Option4", Click, draw_graph_as<Pie>},
+    ControlEvent{Form5, "Option5", Click, draw_graph_as<Bar>},
 
     // The details of an event.
     ControlEvent{Form2, "Form2", Activate, plain<activate_event_details>},

@@ -20,6 +20,7 @@ void end_console(Console& console) {
     console.Form2.unload();
     console.Form3.unload();
     console.Form4.unload();
+    console.Form5.unload();
     console.Form6.unload();
     console.ConCheck.unload();
     console.AboutForm.unload();

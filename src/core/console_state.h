@@ -10,12 +10,14 @@
 #include "core/forms/connection_check_form.h"
 #include "core/forms/custom_audit_form.h"
 #include "core/forms/event_details_form.h"
+#include "core/forms/graph_form.h"
 #include "core/forms/main_form.h"
 #include "core/forms/settings_form.h"
 #include "core/regional_text.h"
 
 namespace tessarine {
 
+class ChartPicture;
 class Clipboard;
 class Clock;
 class Dialogs;
@@ -47,6 +49,7 @@ struct Platform {
     FormWindows& form_windows;
     Dialogs& dialogs;
     Clipboard& clipboard;
+    ChartPicture& chart_picture;
     Shell& shell;
     Program& program;
     /// Memory for large tables.
@@ -67,6 +70,7 @@ struct Console {
     Form<EventDetailsForm> Form2{FormId::Form2};
     Form<SettingsForm> Form3;
     Form<CustomAuditForm> Form4{FormId::Form4};
+    Form<GraphForm> Form5{FormId::Form5};
     Form<AddHostForm> Form6{FormId::Form6};
     Form<ConnectionCheckForm> ConCheck{FormId::ConCheck};
     Form<tessarine::AboutForm> AboutForm{FormId::AboutForm};

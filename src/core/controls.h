@@ -2,6 +2,7 @@
 // 8-bit code page; "&" in a caption marks the letter that the keyboard reaches it by.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -73,13 +74,27 @@ struct MonthView {
     Date value;
 };
 
+/// A colour as one number: red in the lowest byte, then green, then blue.
+constexpr std::uint32_t rgb(unsigned red, unsigned green, unsigned blue) {
+    return red | green << 8 | blue << 16;
+}
+
 /// Chart types have the numbers that the forms' option buttons set.
 enum class ChartType : int { Bar = 1, Pie = 14 };
 
+/// What a column of a chart stands for.
+struct ChartSeries {
+    std::string name;
+    std::uint32_t colour = 0;  ///< made by `rgb`
+    bool operator==(const ChartSeries&) const = default;
+};
+
 struct Chart {
-    std::vector<double> points;
+    std::vector<ChartSeries> series;   ///< by column; at least as many as there are points
+    std::vector<std::int64_t> points;  ///< one for each column that shows
     ChartType type = ChartType::Bar;
     std::string tool_tip;
+    bool operator==(const Chart&) const = default;
 };
 
 }  // namespace tessarine

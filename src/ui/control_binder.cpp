@@ -3,10 +3,12 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QCheckBox>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabBar>
 
 #include "ui/form_access.h"
@@ -104,6 +106,31 @@ void ControlBinder::bind(std::string_view name, const CheckBox& control, QWidget
                                [&](CheckBox& written) { written.value = checked ? 1 : 0; });
         raise(name, EventKind::Click);
     });
+}
+
+void ControlBinder::bind(std::string_view, const Frame& control, QWidget& widget) {
+    describe(widget, control.caption, {});
+    if (auto* group = qobject_cast<QGroupBox*>(&widget)) group->setTitle(to_qt(control.caption));
+}
+
+// The button that another of its group switches off tells of it as well, but that is no event.
+void ControlBinder::bind(std::string_view name, const OptionButton& control, QWidget& widget) {
+    describe(widget, control.caption, {});
+    auto* button = qobject_cast<QRadioButton*>(&widget);
+    if (button == nullptr) return;
+    button->setText(to_qt(control.caption));
+    // Buttons of other frames have the same captions.
+    if (const auto* group = qobject_cast<QGroupBox*>(button->parentWidget()))
+        button->setAccessibleDescription(group->title());
+    connect(button, &QRadioButton::toggled, this, [this, name](bool on) {
+        with_control<OptionButton>(door_.console(), form_, name,
+                                   [&](OptionButton& written) { written.value = on; });
+        if (on) raise(name, EventKind::Click);
+    });
+}
+
+void ControlBinder::bind(std::string_view, const Chart& control, QWidget& widget) {
+    describe(widget, {}, control.tool_tip);
 }
 
 void ControlBinder::bind(std::string_view name, const CommandButton& control, QWidget& widget) {

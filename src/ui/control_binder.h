@@ -54,6 +54,9 @@ class ControlBinder : public QObject {
     void bind(std::string_view name, const Label& control, QWidget& widget);
     void bind(std::string_view name, const TextBox& control, QWidget& widget);
     void bind(std::string_view name, const CheckBox& control, QWidget& widget);
+    void bind(std::string_view, const Frame& control, QWidget& widget);
+    void bind(std::string_view name, const OptionButton& control, QWidget& widget);
+    void bind(std::string_view, const Chart& control, QWidget& widget);
     void bind(std::string_view name, const CommandButton& control, QWidget& widget);
     void bind(std::string_view name, const MonthView& control, QWidget& widget);
     void bind(std::string_view name, const TabStrip& control, QWidget& widget);

@@ -36,6 +36,9 @@ void unload_form(Console& console, FormId id) {
         case FormId::Form4:
             console.Form4.unload();
             break;
+        case FormId::Form5:
+            console.Form5.unload();
+            break;
         case FormId::Form6:
             console.Form6.unload();
             break;

@@ -25,6 +25,9 @@ void with_loaded_form(Console& console, FormId id, Use&& use) {
         case FormId::Form4:
             pass(console.Form4);
             break;
+        case FormId::Form5:
+            pass(console.Form5);
+            break;
         case FormId::Form6:
             pass(console.Form6);
             break;

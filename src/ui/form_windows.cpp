@@ -9,6 +9,7 @@
 #include "ui/custom_audit_dialog.h"
 #include "ui/event_details_dialog.h"
 #include "ui/form_access.h"
+#include "ui/graph_dialog.h"
 #include "ui/main_menus.h"
 
 namespace tessarine {
@@ -92,6 +93,8 @@ std::unique_ptr<FormDialog> QtFormWindows::new_dialog(FormId form) {
             return std::make_unique<EventDetailsDialog>(*door_, parent);
         case FormId::Form4:
             return std::make_unique<CustomAuditDialog>(*door_, parent);
+        case FormId::Form5:
+            return std::make_unique<GraphDialog>(*door_, parent);
         case FormId::Form6:
             return std::make_unique<AddHostDialog>(*door_, parent);
         case FormId::ConCheck:

@@ -9,8 +9,6 @@ class QStackedWidget;
 
 namespace tessarine {
 
-class ListControl;
-
 class RecordColumn : public QWidget {
     Q_OBJECT
 
@@ -21,8 +19,6 @@ class RecordColumn : public QWidget {
     void refresh();
 
   private:
-    QWidget* new_analysis_page();
-
     EventDoor& door_;
     QStackedWidget* pages_;
 };

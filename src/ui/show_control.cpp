@@ -7,9 +7,11 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSignalBlocker>
 #include <QTabBar>
 
+#include "ui/chart_view.h"
 #include "ui/list_view.h"
 #include "ui/pictures.h"
 #include "ui/qt_text.h"
@@ -81,6 +83,17 @@ void show_control(const TextBox& control, QWidget& widget) {
 void show_control(const CheckBox& control, QWidget& widget) {
     const QSignalBlocker no_event(widget);
     if (auto* box = qobject_cast<QCheckBox*>(&widget)) box->setChecked(control.value != 0);
+}
+
+void show_control(const OptionButton& control, QWidget& widget) {
+    const QSignalBlocker no_event(widget);
+    auto* button = qobject_cast<QRadioButton*>(&widget);
+    // A group keeps one of its buttons on, so the one that is off is not to be written.
+    if (button != nullptr && control.value) button->setChecked(true);
+}
+
+void show_control(const Chart& control, QWidget& widget) {
+    if (auto* view = qobject_cast<ChartView*>(&widget)) view->show_chart(control);
 }
 
 void show_control(const CommandButton& control, QWidget& widget) {

@@ -17,6 +17,9 @@ void show_control(const Label& control, QWidget& widget);
 void show_control(const Image& control, QWidget& widget);
 void show_control(const TextBox& control, QWidget& widget);
 void show_control(const CheckBox& control, QWidget& widget);
+void show_control(const OptionButton& control, QWidget& widget);
+inline void show_control(const Frame&, QWidget&) {}  // nothing of it changes
+void show_control(const Chart& control, QWidget& widget);
 void show_control(const CommandButton& control, QWidget& widget);
 void show_control(const MonthView& control, QWidget& widget);
 void show_control(const TabStrip& control, QWidget& widget);

@@ -42,7 +42,7 @@ class PlainCount {
     }
 
     std::vector<CodeCount> rows;
-    std::vector<double> starts = {0, 0, 0};
+    std::vector<std::int64_t> starts = {0, 0, 0};
 
   private:
     int icon_ = 0;

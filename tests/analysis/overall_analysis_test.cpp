@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,7 @@ namespace {
 
 using fakes::Bench;
 using fakes::drawn;
-using Points = std::vector<double>;
+using Points = std::vector<std::int64_t>;
 
 class OverallAnalysis : public testing::Test {
   protected:

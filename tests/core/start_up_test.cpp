@@ -49,7 +49,7 @@ AlertList:
     EXPECT_FALSE(bench.console.Form3->visible);
     EXPECT_EQ(bench.console.Form1.ListView1.columns[0].width, 1500);
     EXPECT_EQ(bench.console.Form1.SystemList.columns[7].width, 1000);
-    EXPECT_EQ(bench.console.Form1.SecPie.points, (std::vector<double>{0, 0}));
+    EXPECT_EQ(bench.console.Form1.SecPie.points, (std::vector<std::int64_t>{0, 0}));
 }
 
 TEST(StartUp, SettingsAndCodeListsAreInForceAtOnce) {

@@ -18,6 +18,13 @@ void StatusHistory::status_changed(StatusChange /*change*/) {
     }
 }
 
+void WrittenChartPicture::copy_to_clipboard(const Chart& chart) {
+    std::string& picture = clipboard_.its_picture;
+    picture = chart.type == ChartType::Pie ? "pie" : "bars";
+    for (std::size_t i = 0; i < chart.points.size(); ++i)
+        picture += " " + chart.series[i].name + "=" + std::to_string(chart.points[i]);
+}
+
 Bench::Bench(std::span<const ControlEvent> events)
     : windows(timeline, events),
       console({.event_source = network,
@@ -29,6 +36,7 @@ Bench::Bench(std::span<const ControlEvent> events)
                .form_windows = windows,
                .dialogs = dialogs,
                .clipboard = clipboard,
+               .chart_picture = chart_picture,
                .shell = shell,
                .program = program}) {
     windows.attach(console);

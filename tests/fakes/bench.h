@@ -17,6 +17,7 @@
 #include "fakes/scripted_probe.h"
 #include "fakes/scripted_windows.h"
 #include "fakes/timeline.h"
+#include "platform/chart_picture.h"
 #include "platform/clipboard.h"
 #include "platform/program.h"
 #include "platform/shell.h"
@@ -33,7 +34,22 @@ class RecordedClipboard final : public Clipboard {
   public:
     void clear() override { text.clear(); }
     void set_text(const std::string& its_text) override { text = its_text; }
+    std::string picture() override {
+        if (its_picture.empty()) throw RuntimeError(ErrorNumber::Failed, "No picture");
+        return its_picture;
+    }
     std::string text = "left from another program";
+    std::string its_picture;
+};
+
+/// A chart's picture is its type and its points as words.
+class WrittenChartPicture final : public ChartPicture {
+  public:
+    explicit WrittenChartPicture(RecordedClipboard& clipboard) : clipboard_(clipboard) {}
+    void copy_to_clipboard(const Chart& chart) override;
+
+  private:
+    RecordedClipboard& clipboard_;
 };
 
 class FakeProgram final : public Program {
@@ -80,6 +96,7 @@ struct Bench {
     ScriptedWindows windows;
     ScriptedDialogs dialogs;
     RecordedClipboard clipboard;
+    WrittenChartPicture chart_picture{clipboard};
     RecordedShell shell;
     FakeProgram program;
     ScriptedHosts network;

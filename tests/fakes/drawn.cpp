@@ -71,6 +71,17 @@ std::string text_of(const Label& label) {
 std::string text_of(const CheckBox& box) {
     return " " + std::to_string(box.value) + "\n";
 }
+std::string text_of(const OptionButton& button) {
+    return button.value ? " on\n" : " off\n";
+}
+std::string text_of(const Frame& frame) {
+    return " \"" + shown(frame.caption) + "\"\n";
+}
+std::string text_of(const Chart& chart) {
+    std::string text = chart.type == ChartType::Pie ? " pie" : " bars";
+    for (const std::int64_t point : chart.points) text += " " + std::to_string(point);
+    return text + "\n";
+}
 std::string text_of(const CommandButton& button) {
     return " \"" + shown(button.caption) + "\"\n";
 }

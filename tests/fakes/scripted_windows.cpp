@@ -32,6 +32,8 @@ FormBase* loaded_form(Console& console, FormId form) {
             return console.Form3.if_loaded();
         case FormId::Form4:
             return console.Form4.if_loaded();
+        case FormId::Form5:
+            return console.Form5.if_loaded();
         case FormId::Form6:
             return console.Form6.if_loaded();
         case FormId::ConCheck:

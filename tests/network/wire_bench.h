@@ -130,6 +130,7 @@ class WireBench {
                      .form_windows = fakes_.windows,
                      .dialogs = fakes_.dialogs,
                      .clipboard = fakes_.clipboard,
+                     .chart_picture = fakes_.chart_picture,
                      .shell = fakes_.shell,
                      .program = fakes_.program}};
 };

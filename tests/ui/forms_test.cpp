@@ -2,7 +2,9 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
+#include <QGroupBox>
 #include <QLabel>
+#include <QRadioButton>
 #include <QTabBar>
 #include <QTest>
 #include <QToolBar>
@@ -79,6 +81,7 @@ QString tip_of(const Control& control) {
 QString shown_caption(const QWidget& widget) {
     if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) return button->text();
     if (const auto* label = qobject_cast<const QLabel*>(&widget)) return label->text();
+    if (const auto* group = qobject_cast<const QGroupBox*>(&widget)) return group->title();
     return {};
 }
 
@@ -96,6 +99,11 @@ void expect_widgets(Console& console, FormId form, QWidget& window) {
 
 // Does with a control what raises its click.
 void click(QWidget& widget) {
+    // A click on the button that is on is no event, so another of its group goes first.
+    if (auto* option = qobject_cast<QRadioButton*>(&widget); option && option->isChecked())
+        for (auto* other : option->parentWidget()->findChildren<QRadioButton*>(
+                 QString(), Qt::FindDirectChildrenOnly))
+            if (other != option) other->setChecked(true);
     if (auto* button = qobject_cast<QAbstractButton*>(&widget)) button->click();
     if (auto* tabs = qobject_cast<QTabBar*>(&widget)) tabs->setCurrentIndex(1);
     if (qobject_cast<ListView*>(&widget) != nullptr) click_row(widget, 0);
@@ -143,10 +151,12 @@ TEST(Forms, EveryControlOfTheDialogsHasItsWidgetAndItsRoutine) {
     window.start();
     window.console.Form2.get();
     window.console.Form4.get();
+    window.console.Form5.get();
     window.console.Form6.get();
     window.console.AboutForm.get();
     window.console.ConCheck.get();
-    for (const FormId form : {FormId::Form4, FormId::Form6, FormId::AboutForm, FormId::ConCheck}) {
+    for (const FormId form :
+         {FormId::Form4, FormId::Form5, FormId::Form6, FormId::AboutForm, FormId::ConCheck}) {
         window.when_open(form_name(form).data(), [&](QWidget& dialog) {
             expect_widgets(window.console, form, dialog);
             expect_clicks_arrive(recorded, form, dialog);

@@ -2,12 +2,15 @@
 #include <gmock/gmock.h>
 
 #include <QCalendarWidget>
+#include <QChartView>
 #include <QCheckBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPieSeries>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabBar>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -256,6 +259,69 @@ TEST(Journey, AFullAuditTestsTheHostForThreeSecondsThatNobodyCutsShort) {
     EXPECT_LT(clock.elapsed(), 6000);
     const auto* model = window.find<QTableView>("ListView1").model();
     EXPECT_EQ(model->index(0, 1).data(Qt::AccessibleDescriptionRole), "audit failed");
+}
+
+// Whether the chart of that name in `window` is drawn as a pie.
+bool is_pie(const QWidget& window, const char* chart) {
+    const auto* drawing = window.findChild<QWidget*>(chart)->findChild<QChartView*>()->chart();
+    return qobject_cast<QPieSeries*>(drawing->series().front()) != nullptr;
+}
+
+TEST(Journey, AnalysedLogsAreDrawnAsBarsAndAsAPie) {
+    WindowBench window;
+    window.bench.files.put("/app/Data/PC1_system.log", kRecords);
+    window.start();
+    QWidget& main = window.windows.main_window();
+    window.find<QTabBar>("TabStrip1").setCurrentIndex(1);
+    window.find<QCheckBox>("Check4").click();
+    window.find<QPushButton>("Command3").click();
+    EXPECT_EQ(window.find("sysPie").accessibleDescription(),
+              "Error: 1, Information: 1, Warning: 0");
+    EXPECT_FALSE(is_pie(main, "sysPie"));
+    auto& pie = window.find<QRadioButton>("Option4");
+    QTest::mouseClick(&pie, Qt::LeftButton, {}, QPoint(8, 8));
+    EXPECT_TRUE(is_pie(main, "sysPie"));
+    EXPECT_FALSE(is_pie(main, "appPie"));
+    EXPECT_EQ(pie.accessibleDescription(), "System Events");
+    main.activateWindow();
+    pie.setFocus();
+    QTest::keyClick(&pie, Qt::Key_Left);
+    EXPECT_TRUE(window.find<QRadioButton>("Option5").isChecked());
+    EXPECT_FALSE(is_pie(main, "sysPie"));
+
+    window.console.Form1.Option4.value = true;
+    window.console.Form1.Option5.value = false;
+    window.windows.refresh();
+    EXPECT_TRUE(pie.isChecked());
+    EXPECT_FALSE(is_pie(main, "sysPie")) << "a refresh is no click";
+}
+
+TEST(Journey, AHostsGraphShowsALogAsBarsOrAsAPie) {
+    WindowBench window;
+    window.bench.files.put("/app/Data/PC1_system.log", kRecords);
+    window.bench.files.put("/app/Data/PC1_security.log",
+                           "audit failure|d|t|Security|4625|u|c|refused\r\n");
+    window.console.Form1.ListView1.add_row("PC1", 1).add_sub_item("-");
+    window.start();
+    window.when_open("MyMenu", [](QWidget& menu) { pick(menu, "vieweventlogs"); });
+    click_row(window.find("ListView1"), 0, Qt::RightButton);
+    window.when_open("MyMenu", [](QWidget& menu) { pick(menu, "graphicalview"); });
+    window.when_open("Form5", [](QWidget& dialog) {
+        const auto* chart = dialog.findChild<QWidget*>("pie");
+        EXPECT_EQ(dialog.windowTitle(), "Grahpical Analysis - Host: PC1");
+        EXPECT_EQ(chart->accessibleDescription(), "Errors: 1, Informations: 1, Alerts: 0");
+        dialog.findChild<QRadioButton*>("Option4")->click();
+        dialog.findChild<QRadioButton*>("Option3")->click();
+        EXPECT_EQ(chart->accessibleDescription(), "Audit Failures: 1, Audit Success: 0");
+        EXPECT_TRUE(is_pie(dialog, "pie"));
+        QStringList chosen;
+        for (const auto* option : dialog.findChildren<QRadioButton*>())
+            if (option->isChecked()) chosen += option->objectName();
+        EXPECT_EQ(chosen.join(' '), "Option3 Option4");
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    click_row(window.find("ListView1"), 0, Qt::RightButton);
+    EXPECT_FALSE(window.console.Form5.loaded());
 }
 
 TEST(Journey, TheShownHostsFieldPassesTheFocusOn) {

@@ -30,6 +30,7 @@ WindowBench::WindowBench(std::span<const ControlEvent> events)
                .form_windows = windows,
                .dialogs = bench.dialogs,
                .clipboard = bench.clipboard,
+               .chart_picture = bench.chart_picture,
                .shell = bench.shell,
                .program = bench.program}) {
     windows.open(console, events);

@@ -56,6 +56,7 @@ void Tour::walk() {
     highlight_a_code();
     search_all_hosts();
     analyse_all_hosts();
+    show_graph();
     audit_from_a_day();
     add_a_host();
     show_about();
@@ -259,8 +260,24 @@ void Tour::analyse_all_hosts() {
     user_.click_row("ListView2", 0);
     album_.take("analysis");
     show_menu_of("ListView2", 0, "popmeup3", "analysis-menu");
+    for (const char* pie : {"Option4", "Option2", "Option3"}) user_.click(pie);
+    album_.take("analysis-as-pies");
     user_.click_tab("TabStrip1", 0);
     user_.click_tab("TabStrip2", 0);
+}
+
+void Tour::show_graph() {
+    view(audited_.front());
+    watch_.expect("MyMenu", [](QWidget& menu) { User::pick(menu, "graphicalview"); });
+    watch_.expect("Form5", [this](QWidget& dialog) {
+        const User in_dialog(dialog);
+        album_.take("graph");
+        in_dialog.click("Option3");
+        in_dialog.click("Option4");
+        album_.take("graph-as-pie");
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    user_.right_click_row("ListView1", audited_.front());
 }
 
 void Tour::audit_from_a_day() {

@@ -1,9 +1,12 @@
 #include "adapters/qt/qt_clipboard.h"
 
+#include <QBuffer>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QImage>
 
 #include "adapters/qt/qt_text.h"
+#include "core/runtime_error.h"
 
 namespace tessarine {
 
@@ -13,6 +16,17 @@ void QtClipboard::clear() {
 
 void QtClipboard::set_text(const std::string& text) {
     QGuiApplication::clipboard()->setText(text_to_qt(text));
+}
+
+std::string QtClipboard::picture() {
+    const QImage image = QGuiApplication::clipboard()->image();
+    if (image.isNull())
+        throw RuntimeError(ErrorNumber::Failed, "There is no picture on the clipboard");
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.convertToFormat(QImage::Format_RGB888).save(&buffer, "BMP");
+    return bytes.toStdString();
 }
 
 }  // namespace tessarine

@@ -9,6 +9,7 @@ class QtClipboard final : public Clipboard {
   public:
     void clear() override;
     void set_text(const std::string& text) override;
+    std::string picture() override;
 };
 
 }  // namespace tessarine

@@ -102,9 +102,18 @@ struct MainForm : FormBase {
     Label Label7{"Application Event Occurance Instances"};  // sic
     Label Label8{"Security Event Occurance Instances"};     // sic
     Label lblEventDetail{"--"};
-    Chart sysPie{.tool_tip = "Red=Error, Green=Informations, Yellow=Warnings"};
-    Chart appPie{.tool_tip = "Red=Error, Green=Informations, Yellow=Warnings"};
-    Chart SecPie{.tool_tip = "Red=Audit Failures, Green=Audit Success"};
+    Frame Frame8{"System Events"};
+    Chart sysPie{.series = event_series(),
+                 .tool_tip = "Red=Error, Green=Informations, Yellow=Warnings"};
+    OptionButton Option4{"Pie chart"}, Option5{"Bar Graph", true};
+    Frame Frame9{"Application Events"};
+    Chart appPie{.series = event_series(),
+                 .tool_tip = "Red=Error, Green=Informations, Yellow=Warnings"};
+    OptionButton Option2{"Pie chart"}, Option1{"Bar Graph", true};
+    Frame Frame3{"Security Events"};
+    Chart SecPie{.series = {{"Audit Failure", rgb(255, 0, 0)}, {"Audit Success", rgb(0, 192, 0)}},
+                 .tool_tip = "Red=Audit Failures, Green=Audit Success"};
+    OptionButton Option3{"Pie chart"}, Option6{"Bar Graph", true};
 
     // Menu bar.
     MenuEntry file{"File"}, hosts{"Hosts"}, run{"Run"}, prefs{"Preferences"}, Help{"Help"};
@@ -176,6 +185,18 @@ struct MainForm : FormBase {
         see("Label7", Label7);
         see("Label8", Label8);
         see("lblEventDetail", lblEventDetail);
+        see("Frame8", Frame8);
+        see("sysPie", sysPie);
+        see("Option4", Option4);
+        see("Option5", Option5);
+        see("Frame9", Frame9);
+        see("appPie", appPie);
+        see("Option2", Option2);
+        see("Option1", Option1);
+        see("Frame3", Frame3);
+        see("SecPie", SecPie);
+        see("Option3", Option3);
+        see("Option6", Option6);
     }
 
   private:
@@ -185,6 +206,11 @@ struct MainForm : FormBase {
     }
     static std::vector<ListColumn> analysis_columns() {
         return {{"Event Code"}, {"Instances"}, {"Source"}};
+    }
+    static std::vector<ChartSeries> event_series() {
+        return {{"Error", rgb(255, 0, 0)},
+                {"Information", rgb(0, 192, 0)},
+                {"Warning", rgb(255, 213, 0)}};
     }
 };
 

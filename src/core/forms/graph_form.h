@@ -1,0 +1,61 @@
+// Form5, the events of one log by type, as they stand in the tables.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string_view>
+
+#include "core/controls.h"
+#include "core/form.h"
+#include "core/status_bar.h"
+#include "core/type_words.h"
+
+namespace tessarine {
+
+/// A line of the legend, the same for all logs: a box of that colour, the picture of the rows of
+/// that type, and the words.
+struct LegendEntry {
+    std::string_view label;
+    std::uint32_t colour;
+    int icon;
+};
+
+inline constexpr LegendEntry kErrorLegend{"Errors", rgb(255, 0, 0), kIconError};
+// KEEP(graph-draws-warnings-blue): warnings are called alerts here, and are blue. The yellow of the
+// summary's charts looks right, but each chart is read by the legend beside it.
+inline constexpr LegendEntry kWarningLegend{"Alerts", rgb(0, 0, 255), kIconWarning};
+inline constexpr LegendEntry kInformationLegend{"Informations", rgb(0, 192, 0), kIconInformation};
+inline constexpr LegendEntry kFailureLegend{"Audit Failures", rgb(255, 0, 0), kIconAuditFailure};
+inline constexpr LegendEntry kSuccessLegend{"Audit Success", rgb(0, 192, 0), kIconAuditSuccess};
+inline constexpr std::array kGraphLegend = {kErrorLegend, kWarningLegend, kInformationLegend,
+                                            kFailureLegend, kSuccessLegend};
+
+struct GraphForm : FormBase {
+    GraphForm() { caption = "Grahpical Analysis:"; }  // sic
+
+    Chart pie;
+    Frame Frame2{"Show ...."};
+    OptionButton Option1{"System Log", true};
+    OptionButton Option2{"Application Log"};
+    OptionButton Option3{"Security Log"};
+    OptionButton Option5{"Bar Graph", true};
+    OptionButton Option4{"Pie chart"};
+    Frame Frame1{"Legend"};
+    TextBox Text1{.visible = false};  ///< holds nothing of use
+    StatusBar StatusBar1{1};          ///< nothing is written to it
+
+    /// Shows every control that the window has a widget for.
+    template <class Visitor>
+    void visit(Visitor&& see) {
+        see("pie", pie);
+        see("Frame2", Frame2);
+        see("Option1", Option1);
+        see("Option2", Option2);
+        see("Option3", Option3);
+        see("Option5", Option5);
+        see("Option4", Option4);
+        see("Frame1", Frame1);
+    }
+};
+
+}  // namespace tessarine
