@@ -37,15 +37,6 @@ std::string table_rows(ListControl& table) {
     return rows;
 }
 
-std::string chart_points(const Chart& chart) {
-    std::string points;
-    for (const std::int64_t point : chart.points) {
-        if (!points.empty()) points += ", ";
-        points += std::to_string(point);
-    }
-    return points;
-}
-
 }  // namespace
 
 void analyse(std::span<char* const> words) {
@@ -61,8 +52,8 @@ void analyse(std::span<char* const> words) {
               << ", \"peak_kib\": " << peak_memory();
     for (const AnalysedLog& log : kLogs)
         std::cout << ",\n " << json_text(log.name) << ": {\"table\": [\n  "
-                  << table_rows(form.*log.table) << "],\n  \"chart\": ["
-                  << chart_points(form.*log.chart) << "]}";
+                  << table_rows(form.*log.table)
+                  << "],\n  \"chart\": " << chart_points(form.*log.chart) << "}";
     std::cout << "}\n";
 }
 

@@ -12,6 +12,7 @@ void audit(std::span<char* const> words);
 void redisplay(std::span<char* const> words);
 void sort(std::span<char* const> words);
 void analyse(std::span<char* const> words);
+void graph(std::span<char* const> words);
 void search(std::span<char* const> words);
 void html(std::span<char* const> words);
 void write(std::span<char* const> words);

@@ -121,4 +121,13 @@ std::string screen_members(Console& console) {
     return members;
 }
 
+std::string chart_points(const Chart& chart) {
+    std::string points;
+    for (const std::int64_t point : chart.points) {
+        if (!points.empty()) points += ", ";
+        points += std::to_string(point);
+    }
+    return "[" + points + "]";
+}
+
 }  // namespace tessarine::bench

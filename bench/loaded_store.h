@@ -26,6 +26,9 @@ ListControl& table_named(Console& console, const std::string& log);
 /// What a load leaves on the screen, as members of a JSON object.
 std::string screen_members(Console& console);
 
+/// The numbers of a chart as a JSON array.
+std::string chart_points(const Chart& chart);
+
 /// Seconds that `work` takes.
 template <class Work>
 double seconds_of(Work&& work) {

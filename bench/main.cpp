@@ -17,6 +17,7 @@ constexpr const char* kUsage =
     "                                 [--alerts FILE] [--ignore FILE]\n"
     "       tessarine-bench sort STORE HOST LOG COLUMN\n"
     "       tessarine-bench analyse STORE\n"
+    "       tessarine-bench graph STORE HOST\n"
     "       tessarine-bench search STORE TEXT [--logs LOG,...] [--alerts FILE]\n"
     "       tessarine-bench html STORE HOST LOG FOLDER [--alerts FILE] [--ignore FILE]\n"
     "       tessarine-bench generate STORE --host NAME [--lines N] [--language german] [--seed N]\n"
@@ -37,8 +38,8 @@ struct Command {
 constexpr std::array kCommands = {
     Command{"load", load},           Command{"generate", generate}, Command{"audit", audit},
     Command{"redisplay", redisplay}, Command{"sort", sort},         Command{"analyse", analyse},
-    Command{"search", search},       Command{"html", html},         Command{"write", write},
-    Command{"limits", limits},
+    Command{"search", search},       Command{"graph", graph},       Command{"html", html},
+    Command{"write", write},         Command{"limits", limits},
 };
 
 void run(std::span<char* const> words) {
