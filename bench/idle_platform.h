@@ -17,6 +17,7 @@
 #include "platform/settings_values.h"
 #include "platform/shell.h"
 #include "platform/tcp_probe.h"
+#include "platform/workbooks.h"
 
 namespace tessarine::bench {
 
@@ -52,6 +53,7 @@ class IdleDialogs final : public Dialogs {
                             const std::string&) override {
         return {};
     }
+    std::string ask_save_name(const std::string&) override { return {}; }
 };
 
 class IdleClipboard final : public Clipboard {
@@ -64,8 +66,13 @@ class IdleChartPicture final : public ChartPicture {
     void copy_to_clipboard(const Chart&) override {}
 };
 
+class IdleWorkbooks final : public Workbooks {
+    std::string write(const std::vector<Sheet>&) override { return {}; }
+};
+
 class IdleShell final : public Shell {
     void open(const std::string&) override {}
+    bool has_program_for(const std::string&) override { return false; }
 };
 
 class IdleProgram final : public Program {
@@ -89,6 +96,7 @@ struct IdlePlatform {
     IdleDialogs dialogs;
     IdleClipboard clipboard;
     IdleChartPicture chart_picture;
+    IdleWorkbooks workbooks;
     IdleShell shell;
     IdleProgram program;
 
@@ -105,6 +113,7 @@ struct IdlePlatform {
                 .dialogs = dialogs,
                 .clipboard = clipboard,
                 .chart_picture = chart_picture,
+                .workbooks = workbooks,
                 .shell = shell,
                 .program = program,
                 .table_memory = &table_memory,

@@ -13,6 +13,7 @@
 #include "adapters/system/sqlite_settings.h"
 #include "adapters/system/system_clock.h"
 #include "adapters/wsman/wsman_event_source.h"
+#include "adapters/xlsx/xlsx_workbooks.h"
 #include "app/events.h"
 #include "core/console_state.h"
 #include "core/run_event.h"
@@ -41,6 +42,7 @@ struct ConsoleProgram::Parts {
     QtDialogs dialogs;
     QtClipboard clipboard;
     QtChartPicture chart_picture;
+    XlsxWorkbooks workbooks;
     QtShell shell;
     SocketProbe probe;
     LocalFiles files;
@@ -60,6 +62,7 @@ struct ConsoleProgram::Parts {
                      .dialogs = dialogs,
                      .clipboard = clipboard,
                      .chart_picture = chart_picture,
+                     .workbooks = workbooks,
                      .shell = shell,
                      .program = program,
                      .table_memory = &memory,

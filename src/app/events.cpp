@@ -5,6 +5,7 @@
 #include "analysis/graphical_analysis.h"
 #include "analysis/overall_analysis.h"
 #include "analysis/search.h"
+#include "analysis/workbook_export.h"
 #include "audit/connection_check.h"
 #include "audit/custom_audit.h"
 #include "audit/full_audit.h"
@@ -108,6 +109,7 @@ constexpr std::array kEvents = {
 
     // The analysis and its tables.
     ControlEvent{Form1, "Command3", Click, plain<run_overall_analysis>},
+    ControlEvent{Form1, "Command7", Click, plain<AnalysisExport>},
     ControlEvent{Form1, "ListView2", MouseUp, release_on_system_analysis},
     ControlEvent{Form1, "ListView3", MouseUp, release_on_application_analysis},
     ControlEvent{Form1, "ListView4", MouseUp, release_on_security_analysis},

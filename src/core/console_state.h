@@ -29,6 +29,7 @@ class Program;
 class SettingsValues;
 class Shell;
 class TcpProbe;
+class Workbooks;
 
 inline constexpr int kVersionMajor = 1;
 inline constexpr int kVersionMinor = 3;
@@ -50,6 +51,7 @@ struct Platform {
     Dialogs& dialogs;
     Clipboard& clipboard;
     ChartPicture& chart_picture;
+    Workbooks& workbooks;
     Shell& shell;
     Program& program;
     /// Memory for large tables.

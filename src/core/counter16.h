@@ -26,4 +26,11 @@ class Counter16 {
     std::int16_t value_;
 };
 
+/// `count` where a signed 16-bit number holds it; raises "Overflow" above 32,767.
+inline int count16(int count) {
+    if (count > std::numeric_limits<std::int16_t>::max())
+        throw RuntimeError(ErrorNumber::Overflow, "Overflow");
+    return count;
+}
+
 }  // namespace tessarine

@@ -26,6 +26,10 @@ class Dialogs {
     virtual std::string choose_file(const std::string& start_folder,
                                     const std::vector<FileFilter>& filters,
                                     const std::string& title) = 0;
+
+    /// The path that the user gives a file that is to be saved, which begins as `proposed_name`;
+    /// empty when the user cancels.
+    virtual std::string ask_save_name(const std::string& proposed_name) = 0;
 };
 
 }  // namespace tessarine

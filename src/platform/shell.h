@@ -11,6 +11,9 @@ class Shell {
 
     /// Opens the file or address with its default program. Raises no error and waits for nothing.
     virtual void open(const std::string& target) = 0;
+
+    /// Whether the desktop has a program for files like this one.
+    virtual bool has_program_for(const std::string& path) = 0;
 };
 
 }  // namespace tessarine

@@ -2,17 +2,15 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <initializer_list>
-#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "core/console_state.h"
+#include "core/counter16.h"
 #include "core/maker_site.h"
 #include "core/marked_tables.h"
-#include "core/runtime_error.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/program.h"
@@ -78,11 +76,9 @@ void ExportToHtml(Console& console, ListControl& SelList) {
     write_line(console.Form1.txtHtmlStyle.text);
     // KEEP(long-pages-fail-behind-their-head): the rows are counted in a signed 16-bit number. A
     // wider one looks right; a longer list ends the console when the head is written.
-    if (SelList.count() > std::numeric_limits<std::int16_t>::max())
-        throw RuntimeError(ErrorNumber::Overflow, "Overflow");
+    const int count = count16(SelList.count());
     RowLines rows(console.Form1.lblselectedTab.caption);
-    for (int row = 1; row <= SelList.count(); ++row)
-        file->write(rows.lines_of(SelList.row(row), row));
+    for (int row = 1; row <= count; ++row) file->write(rows.lines_of(SelList.row(row), row));
     write_line(std::string(kEmptyLine) + "</table>");
     std::string footer = "<a href=";
     footer.append(maker_address("")).append("><font face=verdana size=1>").append(maker_site());

@@ -2,16 +2,15 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
 #include <cstdint>
 
 #include "adapters/system/large_page_memory.h"
 #include "adapters/system/local_directory_listing.h"
 #include "adapters/system/local_file.h"
 #include "adapters/system/local_files.h"
+#include "adapters/system_file_size_limit.h"
 #include "adapters/system_temporary_folder.h"
 #include "core/runtime_error.h"
 
@@ -85,26 +84,6 @@ TEST(LocalFiles, AFullDiskIsReportedAtFlushAndAtClose) {
     EXPECT_EQ(error_of([&] { file.close(); }), "no error");
     EXPECT_EQ(error_of([&] { file.flush(); }), "Bad file name or number");
 }
-
-// A limit on the size of files, for the time of a test.
-class FileSizeLimit {
-  public:
-    explicit FileSizeLimit(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        ::getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() {
-        ::setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, handler_);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-  private:
-    rlimit before_{};
-    void (*handler_)(int);
-};
 
 TEST(LocalFiles, ACopyThatFailsLeavesTheTargetAndNoOtherFile) {
     const TemporaryFolder folder;

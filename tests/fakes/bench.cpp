@@ -25,6 +25,12 @@ void WrittenChartPicture::copy_to_clipboard(const Chart& chart) {
         picture += " " + chart.series[i].name + "=" + std::to_string(chart.points[i]);
 }
 
+std::string RecordedWorkbooks::write(const std::vector<Sheet>& sheets) {
+    if (fails) throw RuntimeError(ErrorNumber::Failed, "No space left on device");
+    written = sheets;
+    return "/tmp/analysis.xlsx";
+}
+
 Bench::Bench(std::span<const ControlEvent> events)
     : windows(timeline, events),
       console({.event_source = network,
@@ -37,6 +43,7 @@ Bench::Bench(std::span<const ControlEvent> events)
                .dialogs = dialogs,
                .clipboard = clipboard,
                .chart_picture = chart_picture,
+               .workbooks = workbooks,
                .shell = shell,
                .program = program}) {
     windows.attach(console);

@@ -21,13 +21,16 @@
 #include "platform/clipboard.h"
 #include "platform/program.h"
 #include "platform/shell.h"
+#include "platform/workbooks.h"
 
 namespace tessarine::fakes {
 
 class RecordedShell final : public Shell {
   public:
     void open(const std::string& target) override { opened.push_back(target); }
+    bool has_program_for(const std::string&) override { return has_programs; }
     std::vector<std::string> opened;
+    bool has_programs = true;
 };
 
 class RecordedClipboard final : public Clipboard {
@@ -50,6 +53,13 @@ class WrittenChartPicture final : public ChartPicture {
 
   private:
     RecordedClipboard& clipboard_;
+};
+
+class RecordedWorkbooks final : public Workbooks {
+  public:
+    std::string write(const std::vector<Sheet>& sheets) override;
+    std::vector<Sheet> written;  ///< the sheets of the last workbook
+    bool fails = false;
 };
 
 class FakeProgram final : public Program {
@@ -97,6 +107,7 @@ struct Bench {
     ScriptedDialogs dialogs;
     RecordedClipboard clipboard;
     WrittenChartPicture chart_picture{clipboard};
+    RecordedWorkbooks workbooks;
     RecordedShell shell;
     FakeProgram program;
     ScriptedHosts network;

@@ -45,6 +45,10 @@ class ScriptedDialogs final : public Dialogs {
         return taken(files_, std::string(), "choice of a file");
     }
 
+    std::string ask_save_name(const std::string& proposed_name) override {
+        return choose_file("", {}, "save " + proposed_name);
+    }
+
     std::vector<Message> messages;
     std::vector<FileChoice> choices;
 

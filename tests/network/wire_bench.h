@@ -131,6 +131,7 @@ class WireBench {
                      .dialogs = fakes_.dialogs,
                      .clipboard = fakes_.clipboard,
                      .chart_picture = fakes_.chart_picture,
+                     .workbooks = fakes_.workbooks,
                      .shell = fakes_.shell,
                      .program = fakes_.program}};
 };

@@ -2,25 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "fakes/bench.h"
+#include "fakes/golden.h"
 #include "store/event_record.h"
 
 namespace tessarine {
 namespace {
 
 using fakes::Bench;
+using fakes::golden;
 
 constexpr const char* kPage = "/app/tempop.html";
-
-std::string golden(const std::string& name) {
-    std::ifstream file(std::string(TESSARINE_GOLDEN_DIR) + "/" + name, std::ios::binary);
-    EXPECT_TRUE(file) << name;
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 void add(ListControl& table, const std::string& line) {
     table.add_record_row(EventRecord(line).text(), 4);

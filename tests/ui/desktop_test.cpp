@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QClipboard>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
@@ -15,6 +16,7 @@
 #include <array>
 #include <functional>
 
+#include "adapters/qt/qt_clipboard.h"
 #include "adapters/qt/qt_dialogs.h"
 #include "adapters/qt/qt_program.h"
 #include "adapters/qt/qt_shell.h"
@@ -75,6 +77,16 @@ TEST(QtDialogs, APathThatTheCodePageLacksIsRefusedInWords) {
     EXPECT_EQ(choose(dialogs, folder), "");
 }
 
+TEST(QtDialogs, ANameToSaveUnderIsProposed) {
+    QtDialogs dialogs(FileChooser::OfQt);
+    const QString proposed = QDir::home().filePath("test.xls");
+    in_next<QFileDialog>([&](QFileDialog& chooser) {
+        EXPECT_EQ(chooser.selectedFiles(), QStringList(proposed));
+        chooser.reject();
+    });
+    EXPECT_EQ(dialogs.ask_save_name("test.xls"), "");
+}
+
 TEST(QtDialogs, AQuestionIsAnsweredByItsButtonsAndNoByEsc) {
     int shown_before = 0;
     QtDialogs dialogs(FileChooser::OfQt, [&] { ++shown_before; });
@@ -113,6 +125,21 @@ class OpenedAddresses {
     QFileDialog relay_;
 };
 
+// Sets an environment variable for the length of a test.
+class Variable {
+  public:
+    Variable(const char* name, const QByteArray& value) : name_(name), before_(qgetenv(name)) {
+        qputenv(name, value);
+    }
+    ~Variable() { qputenv(name_, before_); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+  private:
+    const char* name_;
+    QByteArray before_;
+};
+
 TEST(QtShell, OpensAddressesAndFilesAndTheManualForAHelpFileThatIsMissing) {
     const OpenedAddresses opened;
     const QTemporaryDir folder;
@@ -129,20 +156,46 @@ TEST(QtShell, OpensAddressesAndFilesAndTheManualForAHelpFileThatIsMissing) {
     EXPECT_TRUE(opened.seen.size() == 2 || opened.seen[2].endsWith("/manual/index.html"));
 }
 
-// Sets an environment variable for the length of a test.
-class Variable {
-  public:
-    Variable(const char* name, const QByteArray& value) : name_(name), before_(qgetenv(name)) {
-        qputenv(name, value);
-    }
-    ~Variable() { qputenv(name_, before_); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
+// The desktop's choice stands in mimeapps.list (freedesktop.org, Default Applications).
+TEST(QtShell, KnowsWhetherTheDesktopHasAProgram) {
+    const QTemporaryDir home;
+    const QByteArray folder = QFile::encodeName(home.path());
+    const Variable config("XDG_CONFIG_HOME", folder), of_all("XDG_CONFIG_DIRS", folder),
+        data("XDG_DATA_HOME", folder), data_of_all("XDG_DATA_DIRS", folder),
+        desktop("XDG_CURRENT_DESKTOP", "X-Generic");
+    // The kinds of files are the system's.
+    ASSERT_TRUE(QFile::link("/usr/share/mime", home.filePath("mime")));
+    QtShell shell;
+    EXPECT_FALSE(shell.has_program_for("/tmp/book.xlsx"));
+    QFile choices(home.filePath("mimeapps.list"));
+    ASSERT_TRUE(choices.open(QIODevice::WriteOnly));
+    choices.write(
+        "[Default Applications]\n"
+        "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet=calc.desktop\n");
+    choices.close();
+    ASSERT_TRUE(QDir(home.path()).mkdir("applications"));
+    QFile program(home.filePath("applications/calc.desktop"));
+    ASSERT_TRUE(program.open(QIODevice::WriteOnly));
+    program.write("[Desktop Entry]\nType=Application\nName=Calc\nExec=true %f\n");
+    program.close();
+    EXPECT_TRUE(shell.has_program_for("/tmp/book.xlsx"));
+    EXPECT_FALSE(shell.has_program_for("/tmp/book.chm"));
+    const Variable path("PATH", folder);
+    EXPECT_FALSE(shell.has_program_for("/tmp/book.xlsx"));
+}
 
-  private:
-    const char* name_;
-    QByteArray before_;
-};
+TEST(QtClipboard, HandsOutItsPictureAsABitmapFile) {
+    QtClipboard clipboard;
+    QImage picture(3, 2, QImage::Format_ARGB32);
+    picture.fill(Qt::red);
+    QGuiApplication::clipboard()->setImage(picture);
+    const std::string bytes = clipboard.picture();
+    EXPECT_EQ(bytes.substr(0, 2), "BM");
+    EXPECT_EQ(bytes[28], 24);  // bits a point
+    EXPECT_EQ(QImage::fromData(QByteArray::fromStdString(bytes)).pixelColor(2, 1), Qt::red);
+    clipboard.set_text("a text");
+    EXPECT_THROW(clipboard.picture(), RuntimeError);
+}
 
 TEST(QtProgram, MakesItsFolderForItsOwnerAlone) {
     const QTemporaryDir home;

@@ -31,6 +31,7 @@ WindowBench::WindowBench(std::span<const ControlEvent> events)
                .dialogs = bench.dialogs,
                .clipboard = bench.clipboard,
                .chart_picture = bench.chart_picture,
+               .workbooks = bench.workbooks,
                .shell = bench.shell,
                .program = bench.program}) {
     windows.open(console, events);

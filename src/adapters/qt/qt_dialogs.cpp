@@ -68,11 +68,24 @@ std::string QtDialogs::choose_file(const std::string& start_folder,
     QFileDialog chooser(parent_of_dialogs(), caption, existing_folder(start_folder, last_folder_));
     // The same chooser serves for writing, so a name that isn't there yet can be typed.
     chooser.setFileMode(QFileDialog::AnyFile);
-    chooser.setOption(QFileDialog::DontUseNativeDialog, chooser_ == FileChooser::OfQt);
     chooser.setLabelText(QFileDialog::Accept, QObject::tr("&OK"));
     QStringList names;
     for (const FileFilter& filter : filters) names += filter_text(filter);
     chooser.setNameFilters(names);
+    return path_chosen_in(chooser);
+}
+
+std::string QtDialogs::ask_save_name(const std::string& proposed_name) {
+    if (before_showing_) before_showing_();
+    QFileDialog chooser(parent_of_dialogs(), QObject::tr("Save As"),
+                        existing_folder({}, last_folder_));
+    chooser.setAcceptMode(QFileDialog::AcceptSave);
+    chooser.selectFile(text_to_qt(proposed_name));
+    return path_chosen_in(chooser);
+}
+
+std::string QtDialogs::path_chosen_in(QFileDialog& chooser) {
+    chooser.setOption(QFileDialog::DontUseNativeDialog, chooser_ == FileChooser::OfQt);
     if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty()) return {};
     const QString path = chooser.selectedFiles().constFirst();
     if (survives_code_page(path)) {

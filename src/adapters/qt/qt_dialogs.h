@@ -5,6 +5,8 @@
 
 #include "platform/dialogs.h"
 
+class QFileDialog;
+
 namespace tessarine {
 
 enum class FileChooser { OfTheDesktop, OfQt };
@@ -20,8 +22,11 @@ class QtDialogs final : public Dialogs {
     /// path that the 8-bit code page can't hold is refused with a message, and counts as cancelled.
     std::string choose_file(const std::string& start_folder, const std::vector<FileFilter>& filters,
                             const std::string& title) override;
+    std::string ask_save_name(const std::string& proposed_name) override;
 
   private:
+    std::string path_chosen_in(QFileDialog& chooser);
+
     FileChooser chooser_;
     std::function<void()> before_showing_;
     std::string last_folder_;

@@ -9,6 +9,7 @@ namespace tessarine {
 class QtShell final : public Shell {
   public:
     void open(const std::string& target) override;
+    bool has_program_for(const std::string& path) override;
 };
 
 }  // namespace tessarine
