@@ -31,6 +31,8 @@ class RunTest(unittest.TestCase):
         self.script(programs / "tessarine-sample-network", NETWORK)
         self.script(programs / "tessarine", "true")
         self.script(programs / "tessarine-tour", "true")
+        self.script(self.top / "bin/soffice", "true")
+        self.script(self.top / "bin/pdftoppm", 'touch "${@: -1}-1.png"')
 
     def script(self, path, body):
         path.parent.mkdir(parents=True, exist_ok=True)
@@ -85,6 +87,18 @@ class RunTest(unittest.TestCase):
                 self.assertTrue(calls[1].endswith(
                     f" --out {self.top}/tour --hosts {self.top}/names.txt"), calls[1])
                 self.assertEqual("virtual screen" in run.stdout, display == "")
+
+    def test_the_tours_workbook_becomes_pictures_where_that_works(self):
+        pictures = self.top / "tour"
+        pictures.mkdir()
+        (pictures / "workbook-9.png").touch()
+        run, _ = self.run_it("--tour")
+        self.assertEqual(run.returncode, 0, run.stderr)
+        self.assertEqual([path.name for path in pictures.iterdir()], ["workbook-1.png"])
+        self.script(self.top / "bin/soffice", "echo why; exit 1")
+        run, _ = self.run_it("--tour")
+        self.assertEqual(run.returncode, 0, run.stderr)
+        self.assertIn("No pictures of analysis.xlsx:\nwhy\n", run.stdout)
 
     def test_refusals_start_nothing(self):
         for options, display in ((("--own",), ""), (("--tour", "--hosts"), ":1"),

@@ -10,7 +10,9 @@
 #include <QTest>
 #include <array>
 
+#include "core/code_page.h"
 #include "core/console_state.h"
+#include "platform/shell.h"
 #include "tour/failure.h"
 #include "tour/store_copy.h"
 #include "tour/url_keeper.h"
@@ -56,6 +58,7 @@ void Tour::walk() {
     highlight_a_code();
     search_all_hosts();
     analyse_all_hosts();
+    export_workbook();
     show_graph();
     audit_from_a_day();
     add_a_host();
@@ -264,6 +267,30 @@ void Tour::analyse_all_hosts() {
     album_.take("analysis-as-pies");
     user_.click_tab("TabStrip1", 0);
     user_.click_tab("TabStrip2", 0);
+}
+
+// The workbook is kept beside the pictures. Where the desktop has no program for it the console
+// says so, and where the workbook is.
+void Tour::export_workbook() {
+    QString path;
+    UrlKeeper keeper([&path](const QUrl& url) { path = url.toLocalFile(); });
+    const bool opens = program_.console().platform.shell.has_program_for("analysis.xlsx");
+    if (!opens)
+        watch_.expect_message([this](QWidget& message) {
+            album_.take("no-program-for-workbooks");
+            QTest::keyClick(&message, Qt::Key_Return);
+        });
+    user_.click_tab("TabStrip1", 1);
+    user_.click_tab("TabStrip2", 3);
+    user_.click("Command7");
+    User::pause();
+    user_.click_tab("TabStrip1", 0);
+    user_.click_tab("TabStrip2", 0);
+    const std::string place = program_.console().Form1.st1.text(1);
+    if (!opens) path = QString::fromStdString(to_utf8(place)).section(QStringLiteral(" in "), 1);
+    const QString copy = album_.folder().filePath("analysis.xlsx");
+    QFile::remove(copy);
+    check(QFile::rename(path, copy), "the workbook " + path + " can't be moved to " + copy);
 }
 
 void Tour::show_graph() {

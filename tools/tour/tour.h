@@ -33,6 +33,7 @@ class Tour {
     void highlight_a_code();
     void search_all_hosts();
     void analyse_all_hosts();
+    void export_workbook();
     void show_graph();
     void audit_from_a_day();
     void add_a_host();

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
-#include <QPointer>
 
 #include "tour/failure.h"
 
@@ -15,6 +14,11 @@ constexpr int kMillisecondsBetween = 40;
 constexpr int kSettle = 150;
 constexpr int kLongestWait = 60'000;
 
+template <class Kind>
+bool is_a(const QWidget& window) {
+    return qobject_cast<const Kind*>(&window) != nullptr;
+}
+
 }  // namespace
 
 Watch::Watch() {
@@ -22,32 +26,40 @@ Watch::Watch() {
     timer_.start(kMillisecondsBetween);
 }
 
+void Watch::expect(Expected expected) {
+    if (expected_.empty()) waiting_.start();
+    expected_.push_back(std::move(expected));
+}
+
 void Watch::expect(const QString& name, Act act) {
     const auto is = [name](const QWidget& window) { return window.objectName() == name; };
-    if (expected_.empty()) waiting_.start();
-    expected_.push_back({name, is, std::move(act)});
+    expect({name, is, std::move(act)});
 }
 
 void Watch::expect_chooser(Act act) {
-    const auto is = [](const QWidget& window) {
-        return qobject_cast<const QFileDialog*>(&window) != nullptr;
-    };
-    if (expected_.empty()) waiting_.start();
-    expected_.push_back({QStringLiteral("file chooser"), is, std::move(act)});
+    expect({QStringLiteral("file chooser"), is_a<QFileDialog>, std::move(act)});
+}
+
+void Watch::expect_message(Act act) {
+    expect({QStringLiteral("message box"), is_a<QMessageBox>, std::move(act)});
 }
 
 void Watch::poll() {
     if (look_) look_();
     QWidget* popup = QApplication::activePopupWidget();
     QWidget* on_top = popup != nullptr ? popup : QApplication::activeModalWidget();
-    if (const auto* box = qobject_cast<QMessageBox*>(on_top))
+    const bool is_expected =
+        on_top != nullptr && !expected_.empty() && expected_.front().is(*on_top);
+    if (const auto* box = qobject_cast<QMessageBox*>(on_top);
+        box != nullptr && !is_expected && box != met_)
         fail("an unexpected message says: " + box->text());
     if (expected_.empty()) return;
-    if (on_top == nullptr || !expected_.front().is(*on_top)) {
+    if (!is_expected) {
         check(waiting_.elapsed() < kLongestWait, expected_.front().what + " doesn't come up");
         return;
     }
     waiting_.start();
+    met_ = on_top;
     const Act act = expected_.front().act;
     expected_.pop_front();
     QTimer::singleShot(kSettle, this, [act, window = QPointer<QWidget>(on_top)] {

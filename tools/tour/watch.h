@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 #include <deque>
@@ -22,8 +23,9 @@ class Watch : public QObject {
 
     /// Expects the modal window or the menu of that object name; `act` runs once it is there.
     void expect(const QString& name, Act act);
-    /// Expects a file chooser.
+    /// Expects a file chooser, or a message box.
     void expect_chooser(Act act);
+    void expect_message(Act act);
 
     /// What to do some times a second as well.
     void also(std::function<void()> look) { look_ = std::move(look); }
@@ -37,10 +39,12 @@ class Watch : public QObject {
         std::function<bool(const QWidget&)> is;
         Act act;
     };
+    void expect(Expected expected);
     void poll();
 
     QTimer timer_;
     std::deque<Expected> expected_;
+    QPointer<QWidget> met_;  // the last window that came as expected
     QElapsedTimer waiting_;
     std::function<void()> look_;
 };
