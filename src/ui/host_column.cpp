@@ -97,7 +97,7 @@ QWidget* HostColumn::new_search_group() {
 }
 
 QWidget* HostColumn::new_analysis_group() {
-    auto* group = new QGroupBox(tr("Analysis"));
+    auto* group = new QGroupBox(tr("Overall Analysis"));
     group->setEnabled(door_.leads_on(FormId::Form1, "Command3", EventKind::Click));
     auto* rows = new QVBoxLayout(group);
     for (const char* name : {"Check4", "Check5", "Check6"})

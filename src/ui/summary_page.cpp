@@ -54,7 +54,6 @@ void add_log(QGridLayout& grid, int column, const AnalysisLog& log) {
 QWidget* new_summary_page(EventDoor& door) {
     MainForm& form = door.console().Form1;
     auto* page = new QWidget;
-    page->setEnabled(door.leads_on(FormId::Form1, "Command3", EventKind::Click));
     auto* grid = new QGridLayout(page);
     grid->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
     grid->setSpacing(kSpacing);
