@@ -22,11 +22,12 @@ constexpr double kMostForNumbers = 0.25;
 // All digits of the largest count, 2,147,483,647.
 constexpr int kDigits = 10;
 
-// The distance of at most four lines up to `top`: 1, 2 or 5 with zeros.
+// The distance of the lines up to `top`: 1, 2 or 5 with zeros.
 std::int64_t line_distance(std::int64_t top) {
+    constexpr std::int64_t kMostLines = 4;
     for (std::int64_t power = 1;; power *= 10)
         for (const int times : {1, 2, 5})
-            if (4 * times * power >= top) return times * power;
+            if (kMostLines * times * power >= top) return times * power;
 }
 
 QString line_text(std::int64_t value, std::int64_t top, const QLocale& locale) {

@@ -18,7 +18,7 @@ std::string temporary_folder() {
     std::filesystem::path folder = std::filesystem::temp_directory_path(error);
     if (!error) folder = std::filesystem::absolute(folder, error);
     if (error) raise_workbook_error(error.value());
-    const std::string name = folder.string();
+    std::string name = folder.string();
     // The console takes a "\" for a separator.
     if (to_utf8(from_utf8(name)) != name || name.find('\\') != std::string::npos)
         throw RuntimeError(ErrorNumber::BadFileName,
