@@ -14,6 +14,7 @@ namespace {
 
 // Pixels; a narrower message is scrolled sideways.
 constexpr int kLeastMessageWidth = 220;
+constexpr int kPictureWidth = 16;
 
 int number_of(Qt::MouseButton button) {
     return button == Qt::RightButton ? 2 : button == Qt::LeftButton ? 1 : 0;
@@ -34,7 +35,7 @@ ListView::ListView(ListControl& list, Selects selects, Widths widths)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setStretchLastSection(widths == Widths::LastTakesRest);
+    horizontalHeader()->setStretchLastSection(widths != Widths::EventTable);
     set_row_height();
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ListView::write_selection);
@@ -152,10 +153,20 @@ void ListView::changeEvent(QEvent* event) {
 void ListView::share_width() {
     const int last = model_->columnCount() - 1;
     const int width = viewport()->width();
-    const bool events = widths_ == Widths::EventTable;
-    const int share = events ? event_column_width(width, last) : width / (last + 1);
-    for (int column = 0; column < last; ++column) setColumnWidth(column, share);
-    setColumnWidth(last, std::max(events ? kLeastMessageWidth : 0, width - last * share));
+    int rest = width;
+    for (int column = 0; column < last; ++column) {
+        setColumnWidth(column, column_width(column, width));
+        rest -= columnWidth(column);
+    }
+    setColumnWidth(last, std::max(widths_ == Widths::EventTable ? kLeastMessageWidth : 0, rest));
+}
+
+int ListView::column_width(int column, int width) const {
+    const int last = model_->columnCount() - 1;
+    if (widths_ == Widths::EventTable) return event_column_width(width, last);
+    const int equal = width / (last + 1);
+    if (widths_ == Widths::Equal) return equal;
+    return std::min(equal, horizontalHeader()->sectionSizeHint(column) + kPictureWidth);
 }
 
 // Wide enough for a type with its picture, and up to half of the table for all of them, as long as

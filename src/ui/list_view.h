@@ -16,11 +16,12 @@ class ListView : public QTableView {
 
   public:
     enum class Selects { OneRow, ManyRows };
-    /// Where the width goes: the last column takes what the others leave, or the columns share
-    /// the width as event tables do: equal shares but for the last, which holds the message.
-    enum class Widths { LastTakesRest, EventTable };
+    /// Where the width goes: into equal shares; or as in event tables, equal shares but for the
+    /// last, which holds the message; or as in the tables of the analysis, where codes and counts
+    /// are hardly wider than their headings and the source takes the rest.
+    enum class Widths { Equal, EventTable, AnalysisTable };
 
-    ListView(ListControl& list, Selects selects, Widths widths = Widths::LastTakesRest);
+    ListView(ListControl& list, Selects selects, Widths widths = Widths::Equal);
 
     /// Shows what the list holds now.
     void refresh();
@@ -44,6 +45,7 @@ class ListView : public QTableView {
     void set_row_height();
     QPoint place_of_current_row() const;
     void share_width();
+    int column_width(int column, int width) const;
     int event_column_width(int width, int columns) const;
     void show_selection(const ListChanges& changes);
     void write_selection(const QItemSelection& selected, const QItemSelection& deselected);

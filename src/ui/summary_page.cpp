@@ -42,7 +42,7 @@ QWidget* new_chart_frame(const AnalysisLog& log) {
 void add_log(QGridLayout& grid, int column, const AnalysisLog& log) {
     auto* label = named(new QLabel, log.label);
     label->setWordWrap(true);
-    auto* list = new ListView(log.list, ListView::Selects::OneRow);
+    auto* list = new ListView(log.list, ListView::Selects::OneRow, ListView::Widths::AnalysisTable);
     grid.addWidget(label, 0, column);
     grid.addWidget(named(list, log.list_name, log.list_purpose), 1, column);
     grid.addWidget(new_chart_frame(log), 3, column);

@@ -204,6 +204,21 @@ TEST(ListView, EventTablesShareTheirWidthEquallyButForTheMessage) {
     EXPECT_EQ(view.columnWidth(0), view.columnWidth(1));
 }
 
+TEST(ListView, TablesOfTheAnalysisLeaveTheSourceTheMostRoom) {
+    ListControl list({{"Event Code"}, {"Instances"}, {"Source"}});
+    list.add_row("1234567890", 4).add_sub_item("2147483647");
+    ListView view(list, ListView::Selects::OneRow, ListView::Widths::AnalysisTable);
+    view.refresh();
+    view.resize(600, 300);
+    view.show();
+    EXPECT_GT(view.columnWidth(2), view.columnWidth(0) + view.columnWidth(1));
+    EXPECT_GT(view.columnWidth(1), view.fontMetrics().horizontalAdvance("2147483647"));
+    EXPECT_FALSE(view.horizontalScrollBar()->isVisible());
+    view.resize(150, 300);
+    EXPECT_EQ(view.columnWidth(0), view.columnWidth(1)) << "no room to spare";
+    EXPECT_FALSE(view.horizontalScrollBar()->isVisible());
+}
+
 TEST(ListView, AMillionRowsAreShownAndScrolledAtOnce) {
     ListControl list(
         {{"Type"}, {"Date"}, {"Time"}, {"Source"}, {"Event"}, {"User"}, {"Computer"}, {"Message"}});
