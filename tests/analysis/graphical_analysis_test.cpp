@@ -8,11 +8,13 @@
 
 #include "core/start_up.h"
 #include "fakes/bench.h"
+#include "fakes/drawn.h"
 
 namespace tessarine {
 namespace {
 
 using fakes::Bench;
+using fakes::drawn;
 
 class GraphicalAnalysis : public testing::Test {
   protected:
@@ -26,13 +28,7 @@ class GraphicalAnalysis : public testing::Test {
         bench.run([log](Console& console) { LogAnalyze(console, log); });
         return graph();
     }
-    std::string graph() {
-        const Chart& chart = bench.console.Form5->pie;
-        std::string words = chart.type == ChartType::Pie ? "pie" : "bars";
-        for (std::size_t i = 0; i < chart.points.size(); ++i)
-            words += " " + chart.series[i].name + "=" + std::to_string(chart.points[i]);
-        return words;
-    }
+    std::string graph() { return drawn(bench.console.Form5->pie); }
 
     Bench bench;
     MainForm& form = bench.console.Form1;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "fakes/drawn.h"
+
 namespace tessarine::fakes {
 
 StatusHistory::StatusHistory(StatusBar& bar)
@@ -19,10 +21,7 @@ void StatusHistory::status_changed(StatusChange /*change*/) {
 }
 
 void WrittenChartPicture::copy_to_clipboard(const Chart& chart) {
-    std::string& picture = clipboard_.its_picture;
-    picture = chart.type == ChartType::Pie ? "pie" : "bars";
-    for (std::size_t i = 0; i < chart.points.size(); ++i)
-        picture += " " + chart.series[i].name + "=" + std::to_string(chart.points[i]);
+    clipboard_.its_picture = drawn(chart);
 }
 
 std::string RecordedWorkbooks::write(const std::vector<Sheet>& sheets) {

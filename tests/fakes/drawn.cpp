@@ -78,9 +78,7 @@ std::string text_of(const Frame& frame) {
     return " \"" + shown(frame.caption) + "\"\n";
 }
 std::string text_of(const Chart& chart) {
-    std::string text = chart.type == ChartType::Pie ? " pie" : " bars";
-    for (const std::int64_t point : chart.points) text += " " + std::to_string(point);
-    return text + "\n";
+    return " " + drawn(chart) + "\n";
 }
 std::string text_of(const CommandButton& button) {
     return " \"" + shown(button.caption) + "\"\n";
@@ -120,6 +118,13 @@ std::string drawn(Bench& bench, std::string_view names) {
         result += line;
     }
     return result;
+}
+
+std::string drawn(const Chart& chart) {
+    std::string text = chart.type == ChartType::Pie ? "pie" : "bars";
+    for (std::size_t i = 0; i < chart.points.size(); ++i)
+        text += " " + chart.series[i].name + "=" + std::to_string(chart.points[i]);
+    return text;
 }
 
 }  // namespace tessarine::fakes

@@ -4,6 +4,10 @@
 #include <string>
 #include <string_view>
 
+namespace tessarine {
+struct Chart;
+}
+
 namespace tessarine::fakes {
 
 struct Bench;
@@ -21,6 +25,11 @@ struct Bench;
 ///     Check1: 1                  boxes
 ///     pbar1: 3/10 hidden
 ///     shogrid: checked           menu entries
+///     Option1: on                one of several
+///     sysPie: bars Error=3 Information=0 Warning=12
 std::string drawn(Bench& bench, std::string_view names);
+
+/// A chart alone, as it stands behind its name.
+std::string drawn(const Chart& chart);
 
 }  // namespace tessarine::fakes
