@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/colours.h"
 #include "core/secret_text.h"
 #include "platform/date_time.h"
 
@@ -73,11 +74,6 @@ struct UpDown {
 struct MonthView {
     Date value;
 };
-
-/// A colour as one number: red in the lowest byte, then green, then blue.
-constexpr std::uint32_t rgb(unsigned red, unsigned green, unsigned blue) {
-    return red | green << 8 | blue << 16;
-}
 
 /// Chart types have the numbers that the forms' option buttons set.
 enum class ChartType : int { Bar = 1, Pie = 14 };

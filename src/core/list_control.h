@@ -9,14 +9,11 @@
 #include <string_view>
 #include <vector>
 
+#include "core/colours.h"
 #include "core/row_order.h"
 #include "core/text_arena.h"
 
 namespace tessarine {
-
-/// Fore colours are red, green and blue with red in the low byte.
-inline constexpr std::uint32_t kDefaultColour = 0xFF000000;
-inline constexpr std::uint32_t kRed = 255;
 
 struct ListColumn {
     std::string caption;

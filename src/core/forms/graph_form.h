@@ -20,13 +20,13 @@ struct LegendEntry {
     int icon;
 };
 
-inline constexpr LegendEntry kErrorLegend{"Errors", rgb(255, 0, 0), kIconError};
+inline constexpr LegendEntry kErrorLegend{"Errors", kRed, kIconError};
 // KEEP(graph-draws-warnings-blue): warnings are called alerts here, and are blue. The yellow of the
 // summary's charts looks right, but each chart is read by the legend beside it.
-inline constexpr LegendEntry kWarningLegend{"Alerts", rgb(0, 0, 255), kIconWarning};
-inline constexpr LegendEntry kInformationLegend{"Informations", rgb(0, 192, 0), kIconInformation};
-inline constexpr LegendEntry kFailureLegend{"Audit Failures", rgb(255, 0, 0), kIconAuditFailure};
-inline constexpr LegendEntry kSuccessLegend{"Audit Success", rgb(0, 192, 0), kIconAuditSuccess};
+inline constexpr LegendEntry kWarningLegend{"Alerts", kBlue, kIconWarning};
+inline constexpr LegendEntry kInformationLegend{"Informations", kGreen, kIconInformation};
+inline constexpr LegendEntry kFailureLegend{"Audit Failures", kRed, kIconAuditFailure};
+inline constexpr LegendEntry kSuccessLegend{"Audit Success", kGreen, kIconAuditSuccess};
 inline constexpr std::array kGraphLegend = {kErrorLegend, kWarningLegend, kInformationLegend,
                                             kFailureLegend, kSuccessLegend};
 

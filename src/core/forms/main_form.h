@@ -111,7 +111,7 @@ struct MainForm : FormBase {
                  .tool_tip = "Red=Error, Green=Informations, Yellow=Warnings"};
     OptionButton Option2{"Pie chart"}, Option1{"Bar Graph", true};
     Frame Frame3{"Security Events"};
-    Chart SecPie{.series = {{"Audit Failure", rgb(255, 0, 0)}, {"Audit Success", rgb(0, 192, 0)}},
+    Chart SecPie{.series = {{"Audit Failure", kRed}, {"Audit Success", kGreen}},
                  .tool_tip = "Red=Audit Failures, Green=Audit Success"};
     OptionButton Option3{"Pie chart"}, Option6{"Bar Graph", true};
 
@@ -208,9 +208,7 @@ struct MainForm : FormBase {
         return {{"Event Code"}, {"Instances"}, {"Source"}};
     }
     static std::vector<ChartSeries> event_series() {
-        return {{"Error", rgb(255, 0, 0)},
-                {"Information", rgb(0, 192, 0)},
-                {"Warning", rgb(255, 213, 0)}};
+        return {{"Error", kRed}, {"Information", kGreen}, {"Warning", kYellow}};
     }
 };
 
