@@ -83,7 +83,6 @@ QWidget* HostColumn::new_search_page() {
 
 QWidget* HostColumn::new_search_group() {
     auto* group = new QGroupBox(tr("Search Specific String"));
-    group->setEnabled(door_.leads_on(FormId::Form1, "Command4", EventKind::Click));
     auto* rows = new QVBoxLayout(group);
     rows->addWidget(named(new QLineEdit, "TxtSearch", tr("Text to search for")));
     for (const char* name : {"Check1", "Check2", "Check3"})
@@ -98,7 +97,6 @@ QWidget* HostColumn::new_search_group() {
 
 QWidget* HostColumn::new_analysis_group() {
     auto* group = new QGroupBox(tr("Overall Analysis"));
-    group->setEnabled(door_.leads_on(FormId::Form1, "Command3", EventKind::Click));
     auto* rows = new QVBoxLayout(group);
     for (const char* name : {"Check4", "Check5", "Check6"})
         rows->addWidget(named(new QCheckBox, name));
