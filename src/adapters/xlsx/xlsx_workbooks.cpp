@@ -94,8 +94,8 @@ class LibraryWorkbook {
     }
 
     static void add_picture(lxw_worksheet& worksheet, const std::string& picture) {
-        const std::vector<unsigned char> bytes(picture.begin(), picture.end());
-        check(worksheet_insert_image_buffer(&worksheet, 0, 0, bytes.data(), bytes.size()));
+        const auto* bytes = reinterpret_cast<const unsigned char*>(picture.data());
+        check(worksheet_insert_image_buffer(&worksheet, 0, 0, bytes, picture.size()));
     }
 
     std::string folder_;
