@@ -13,7 +13,7 @@ import sys
 import tempfile
 
 LOGS = ("system", "application", "security")
-# Type, icon, how a counted line starts, column of the chart.
+# Type, icon, and how a line starts that the chart counts, in the order of its columns.
 EVENT_TYPES = (("error", 4, "err"), ("information", 3, "inf"), ("warning", 2, "war"))
 AUDIT_TYPES = (("audit failure", 5, "audit failure"), ("audit success", 6, "audit success"))
 TYPES = {"system": EVENT_TYPES, "application": EVENT_TYPES, "security": AUDIT_TYPES}
@@ -46,13 +46,17 @@ def lines_of(data, log, host="*"):
             yield from text.replace("\r\n", "\n").replace("\r", "\n").split("\n")[:-1]
 
 
+def icon_of(log, line):
+    return next((icon for word, icon, _ in TYPES[log] if line.split("|")[0].lower() == word), 0)
+
+
 def analysed(data, log):
     table, icon = {}, 0
     chart = [0] * len(TYPES[log])
     for line in lines_of(data, log):
         fields = line.split("|")
-        for column, (word, its_icon, start) in enumerate(TYPES[log]):
-            icon = its_icon if fields[0].lower() == word else icon
+        icon = icon_of(log, line) or icon
+        for column, (_, _, start) in enumerate(TYPES[log]):
             chart[column] += line.lower().startswith(start)
         if len(fields) < 5:
             for row in table.values():
@@ -61,10 +65,6 @@ def analysed(data, log):
             row = table.setdefault(fields[4].lower(), [fields[4], 0, fields[3], icon])
             row[1] += 1
     return {"table": list(table.values()), "chart": chart}
-
-
-def icon_of(log, line):
-    return next((icon for word, icon, _ in TYPES[log] if line.split("|")[0].lower() == word), 0)
 
 
 def found(data, log, needle):
