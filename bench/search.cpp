@@ -4,13 +4,13 @@
 #include <iostream>
 #include <sstream>
 
-#include "analysis/search.h"
 #include "bench/commands.h"
 #include "bench/idle_platform.h"
 #include "bench/json_text.h"
 #include "bench/loaded_store.h"
 #include "bench/process_memory.h"
 #include "core/code_page.h"
+#include "search/search.h"
 
 namespace tessarine::bench {
 namespace {

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <string>
 
-#include "adapters/wsman/cim_datetime.h"
-#include "adapters/wsman/host_clock.h"
+#include "adapters/wsman/records/cim_datetime.h"
+#include "adapters/wsman/records/host_clock.h"
 #include "core/regional_text.h"
 #include "fuzz/promises.h"
 #include "store/event_record.h"

@@ -1,16 +1,16 @@
 // A whole enumeration: a host whose answers' bodies are the parts of the input, with a line "--"
 // between them. A body "lost" is a connection that breaks.
-#include "adapters/wsman/enumeration.h"
+#include "adapters/wsman/soap/enumeration.h"
 
 #include <string>
 #include <vector>
 
-#include "adapters/wsman/event_items.h"
-#include "adapters/wsman/failure.h"
-#include "adapters/wsman/limits.h"
-#include "adapters/wsman/text_scrub.h"
-#include "adapters/wsman/xml_names.h"
-#include "adapters/wsman/xml_reader.h"
+#include "adapters/wsman/basics/failure.h"
+#include "adapters/wsman/basics/limits.h"
+#include "adapters/wsman/records/event_items.h"
+#include "adapters/wsman/soap/text_scrub.h"
+#include "adapters/wsman/soap/xml_names.h"
+#include "adapters/wsman/soap/xml_reader.h"
 #include "fuzz/promises.h"
 
 namespace tessarine::fuzz {

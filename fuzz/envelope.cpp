@@ -1,10 +1,10 @@
 // A decrypted answer of a host, from its bytes to event records.
 #include <string>
 
-#include "adapters/wsman/event_items.h"
-#include "adapters/wsman/limits.h"
-#include "adapters/wsman/soap_answer.h"
-#include "adapters/wsman/text_scrub.h"
+#include "adapters/wsman/basics/limits.h"
+#include "adapters/wsman/records/event_items.h"
+#include "adapters/wsman/soap/soap_answer.h"
+#include "adapters/wsman/soap/text_scrub.h"
 #include "fuzz/promises.h"
 
 namespace tessarine::fuzz {

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "adapters/wsman/event_records.h"
-#include "adapters/wsman/limits.h"
+#include "adapters/wsman/basics/limits.h"
+#include "adapters/wsman/records/spooled_events.h"
 #include "core/regional_text.h"
 #include "store/event_record.h"
 

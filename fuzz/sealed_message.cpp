@@ -1,7 +1,7 @@
 // The frame around an encrypted message, with a seal that hides nothing.
 #include <string>
 
-#include "adapters/wsman/encrypted_message.h"
+#include "adapters/wsman/sign_in/encrypted_message.h"
 #include "fuzz/promises.h"
 
 namespace tessarine::fuzz {

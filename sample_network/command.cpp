@@ -15,7 +15,7 @@
 #include <iostream>
 #include <thread>
 
-#include "sample_network/file_descriptor.h"
+#include "sample_network/wire/file_descriptor.h"
 
 namespace tessarine::sample {
 namespace {

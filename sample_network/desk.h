@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "sample_network/sample_host.h"
+#include "sample_network/hosts/sample_host.h"
 
 namespace tessarine::sample {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "sample_network/event_time.h"
+#include "sample_network/hosts/event_time.h"
 
 namespace tessarine::sample {
 

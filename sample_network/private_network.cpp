@@ -13,8 +13,8 @@
 #include <fstream>
 #include <iterator>
 
-#include "sample_network/file_descriptor.h"
 #include "sample_network/scratch_file.h"
+#include "sample_network/wire/file_descriptor.h"
 
 namespace tessarine::sample {
 namespace {

@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "sample_network/certificate_authority.h"
-#include "sample_network/connection_server.h"
-#include "sample_network/sample_host.h"
-#include "sample_network/silent_port.h"
-#include "sample_network/tls_connection.h"
+#include "sample_network/hosts/sample_host.h"
+#include "sample_network/wire/certificate_authority.h"
+#include "sample_network/wire/connection_server.h"
+#include "sample_network/wire/silent_port.h"
+#include "sample_network/wire/tls_connection.h"
 
 namespace tessarine::sample {
 

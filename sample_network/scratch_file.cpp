@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "sample_network/file_descriptor.h"
+#include "sample_network/wire/file_descriptor.h"
 
 namespace tessarine::sample {
 namespace {

@@ -8,14 +8,14 @@
 #include <vector>
 
 #include "analysis/code_tally.h"
-#include "analysis/line_bounds.h"
-#include "analysis/text_finder.h"
 #include "bench/idle_platform.h"
 #include "bench/log_lines.h"
 #include "bench/made_up_events.h"
-#include "patterns/code_matches.h"
+#include "search/line_bounds.h"
+#include "search/text_finder.h"
 #include "store/event_record.h"
-#include "viewer/table_rows.h"
+#include "tables/code_matches.h"
+#include "tables/table_rows.h"
 
 namespace tessarine::bench {
 namespace {

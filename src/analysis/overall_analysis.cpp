@@ -12,7 +12,7 @@
 #include "analysis/log_line_count.h"
 #include "core/console_state.h"
 #include "core/error_regime.h"
-#include "core/start_up.h"
+#include "core/tabs.h"
 #include "core/text.h"
 #include "platform/directory_listing.h"
 #include "platform/files.h"

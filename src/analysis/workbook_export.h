@@ -1,7 +1,7 @@
 // The tables and the charts of the analysis, and the event tables, as workbooks.
 #pragma once
 
-#include "core/list_control.h"
+#include "core/list/list_control.h"
 
 namespace tessarine {
 

@@ -4,19 +4,22 @@
 
 #include "analysis/graphical_analysis.h"
 #include "analysis/overall_analysis.h"
-#include "analysis/search.h"
 #include "analysis/workbook_export.h"
 #include "audit/connection_check.h"
 #include "audit/custom_audit.h"
 #include "audit/full_audit.h"
+#include "chrome/help_menu.h"
+#include "chrome/start_up.h"
+#include "chrome/view_menu.h"
 #include "core/console_state.h"
-#include "core/start_up.h"
+#include "core/tabs.h"
 #include "hosts/add_host_dialog.h"
 #include "hosts/host_list.h"
 #include "hosts/host_list_files.h"
 #include "hosts/preaudited_hosts.h"
 #include "patterns/code_lists.h"
 #include "report/html_page.h"
+#include "search/search.h"
 #include "viewer/event_details.h"
 #include "viewer/event_lookup.h"
 #include "viewer/filtered_redisplay.h"
@@ -55,8 +58,8 @@ using enum FormId;
 constexpr std::array kEvents = {
     // The main window and its menus.
     ControlEvent{Form1, "Form1", Activate, plain<activate_main_form>},
-    ControlEvent{Form1, "Form1", CloseBox, plain<exit_console>},
-    ControlEvent{Form1, "exit", Click, plain<exit_console>},
+    ControlEvent{Form1, "Form1", CloseBox, plain<end_console>},
+    ControlEvent{Form1, "exit", Click, plain<end_console>},
     ControlEvent{Form1, "loadfrmlist", Click, plain<loadfrmlist>},
     ControlEvent{Form1, "loadpreaudited", Click, plain<LoadPreAuditedHosts>},
     ControlEvent{Form1, "addhostmanually", Click, plain<show_add_host>},

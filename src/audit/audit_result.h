@@ -1,7 +1,7 @@
 // The result of an audit on a host's row.
 #pragma once
 
-#include "core/list_control.h"
+#include "core/list/list_control.h"
 
 namespace tessarine {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "core/control_events.h"
-#include "core/list_control.h"
+#include "core/list/list_control.h"
 
 namespace tessarine {
 

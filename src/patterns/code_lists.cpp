@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "core/console_state.h"
-#include "core/marked_tables.h"
 #include "core/runtime_error.h"
 #include "core/text.h"
 #include "platform/files.h"
@@ -14,6 +13,7 @@
 #include "store/event_record.h"
 #include "store/log_files.h"
 #include "store/record_reader.h"
+#include "tables/marked_tables.h"
 
 namespace tessarine {
 namespace {

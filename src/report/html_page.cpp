@@ -10,13 +10,13 @@
 #include "core/console_state.h"
 #include "core/counter16.h"
 #include "core/maker_site.h"
-#include "core/marked_tables.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/program.h"
 #include "platform/shell.h"
 #include "store/event_record.h"
 #include "store/log_files.h"
+#include "tables/marked_tables.h"
 
 namespace tessarine {
 namespace {

@@ -1,7 +1,7 @@
 // The rows of an event table as one HTML page.
 #pragma once
 
-#include "core/list_control.h"
+#include "core/list/list_control.h"
 
 namespace tessarine {
 

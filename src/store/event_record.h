@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/list_control.h"
+#include "core/list/list_control.h"
 #include "platform/date_time.h"
 #include "platform/event_source.h"
 

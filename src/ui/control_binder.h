@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "core/controls.h"
-#include "core/list_control.h"
+#include "core/list/list_control.h"
 #include "core/status_bar.h"
 #include "core/tab_strip.h"
 #include "ui/event_door.h"

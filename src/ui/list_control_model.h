@@ -3,7 +3,7 @@
 
 #include <QAbstractTableModel>
 
-#include "core/list_control.h"
+#include "core/list/list_control.h"
 
 namespace tessarine {
 

@@ -3,7 +3,7 @@
 
 #include <QTableView>
 
-#include "core/list_control.h"
+#include "core/list/list_control.h"
 #include "ui/list_control_model.h"
 
 namespace tessarine {

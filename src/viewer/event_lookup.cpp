@@ -2,9 +2,9 @@
 
 #include "core/console_state.h"
 #include "core/maker_site.h"
-#include "core/marked_tables.h"
 #include "platform/shell.h"
 #include "store/event_record.h"
+#include "tables/marked_tables.h"
 
 namespace tessarine {
 namespace {

@@ -7,8 +7,8 @@
 #include "core/console_state.h"
 #include "core/text.h"
 #include "platform/form_windows.h"
+#include "tables/log_tables.h"
 #include "viewer/log_reading.h"
-#include "viewer/log_tables.h"
 
 namespace tessarine {
 namespace {

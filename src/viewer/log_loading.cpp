@@ -4,8 +4,8 @@
 
 #include "core/console_state.h"
 #include "platform/form_windows.h"
+#include "tables/log_tables.h"
 #include "viewer/log_reading.h"
-#include "viewer/log_tables.h"
 
 namespace tessarine {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "viewer/log_tables.h"
+#include "tables/log_tables.h"
 #include "viewer/record_rows.h"
 
 namespace tessarine {

@@ -4,7 +4,7 @@
 
 #include "core/console_state.h"
 #include "core/control_events.h"
-#include "core/marked_tables.h"
+#include "tables/marked_tables.h"
 
 namespace tessarine {
 namespace {

@@ -6,10 +6,10 @@
 
 #include "core/counter16.h"
 #include "core/error_regime.h"
-#include "patterns/code_matches.h"
 #include "store/event_record.h"
-#include "viewer/log_tables.h"
-#include "viewer/table_rows.h"
+#include "tables/code_matches.h"
+#include "tables/log_tables.h"
+#include "tables/table_rows.h"
 
 namespace tessarine {
 

@@ -1,4 +1,4 @@
-#include "adapters/wsman/cim_datetime.h"
+#include "adapters/wsman/records/cim_datetime.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "adapters/wsman/encrypted_message.h"
+#include "adapters/wsman/sign_in/encrypted_message.h"
 
 #include <gtest/gtest.h>
 

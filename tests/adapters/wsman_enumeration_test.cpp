@@ -1,11 +1,11 @@
-#include "adapters/wsman/enumeration.h"
+#include "adapters/wsman/soap/enumeration.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <vector>
 
-#include "adapters/wsman/limits.h"
+#include "adapters/wsman/basics/limits.h"
 #include "adapters/wsman/wsman_event_result.h"
 #include "core/runtime_error.h"
 #include "wsman_scripted_channel.h"

@@ -1,11 +1,11 @@
-#include "adapters/wsman/event_spool.h"
+#include "adapters/wsman/records/event_spool.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <filesystem>
 
-#include "adapters/wsman/event_records.h"
+#include "adapters/wsman/records/spooled_events.h"
 #include "core/runtime_error.h"
 
 namespace tessarine {

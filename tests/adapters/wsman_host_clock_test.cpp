@@ -1,9 +1,9 @@
-#include "adapters/wsman/host_clock.h"
+#include "adapters/wsman/records/host_clock.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "adapters/wsman/cim_datetime.h"
+#include "adapters/wsman/records/cim_datetime.h"
 
 namespace tessarine {
 namespace {

@@ -1,4 +1,4 @@
-#include "adapters/wsman/http_connection.h"
+#include "adapters/wsman/http/http_connection.h"
 
 #include <gtest/gtest.h>
 

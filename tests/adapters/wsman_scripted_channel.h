@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "adapters/wsman/soap_channel.h"
-#include "adapters/wsman/xml_reader.h"
+#include "adapters/wsman/soap/soap_channel.h"
+#include "adapters/wsman/soap/xml_reader.h"
 #include "core/runtime_error.h"
 
 namespace tessarine {

@@ -14,7 +14,7 @@
 #include <utility>
 #include <vector>
 
-#include "adapters/wsman/host_address.h"
+#include "adapters/wsman/basics/host_address.h"
 
 namespace tessarine {
 

@@ -5,11 +5,11 @@
 #include <filesystem>
 #include <fstream>
 
-#include "adapters/wsman/base64.h"
-#include "adapters/wsman/gss_handles.h"
-#include "adapters/wsman/negotiation.h"
+#include "adapters/wsman/basics/base64.h"
 #include "adapters/wsman/sealed_channel.h"
-#include "adapters/wsman/security_seal.h"
+#include "adapters/wsman/sign_in/gss_handles.h"
+#include "adapters/wsman/sign_in/negotiation.h"
+#include "adapters/wsman/sign_in/security_seal.h"
 #include "core/runtime_error.h"
 #include "wsman_scripted_host.h"
 

@@ -1,10 +1,10 @@
-#include "adapters/wsman/soap_answer.h"
+#include "adapters/wsman/soap/soap_answer.h"
 
 #include <gtest/gtest.h>
 
-#include "adapters/wsman/event_items.h"
-#include "adapters/wsman/event_records.h"
-#include "adapters/wsman/limits.h"
+#include "adapters/wsman/basics/limits.h"
+#include "adapters/wsman/records/event_items.h"
+#include "adapters/wsman/records/spooled_events.h"
 #include "core/runtime_error.h"
 
 namespace tessarine {

@@ -1,8 +1,8 @@
-#include "adapters/wsman/text_scrub.h"
+#include "adapters/wsman/soap/text_scrub.h"
 
 #include <gtest/gtest.h>
 
-#include "adapters/wsman/xml_reader.h"
+#include "adapters/wsman/soap/xml_reader.h"
 
 namespace tessarine {
 namespace {

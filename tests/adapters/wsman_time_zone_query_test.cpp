@@ -1,9 +1,9 @@
-#include "adapters/wsman/time_zone_query.h"
+#include "adapters/wsman/records/time_zone_query.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "adapters/wsman/limits.h"
+#include "adapters/wsman/basics/limits.h"
 #include "wsman_scripted_channel.h"
 
 namespace tessarine {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/start_up.h"
+#include "chrome/start_up.h"
 #include "fakes/bench.h"
 #include "fakes/drawn.h"
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "app/events.h"
-#include "core/start_up.h"
+#include "chrome/start_up.h"
 #include "fakes/bench.h"
 #include "fakes/drawn.h"
 

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "app/events.h"
+#include "chrome/start_up.h"
 #include "core/code_page.h"
-#include "core/start_up.h"
 #include "core/text.h"
 #include "fakes/bench.h"
 #include "fakes/golden.h"

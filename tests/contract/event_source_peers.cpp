@@ -1,7 +1,7 @@
 #include "contract/event_source_peers.h"
 
 #include "core/code_page.h"
-#include "sample_network/soap_fault.h"
+#include "sample_network/wire/soap_fault.h"
 
 namespace tessarine::contract {
 namespace {

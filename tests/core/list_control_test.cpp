@@ -1,4 +1,4 @@
-#include "core/list_control.h"
+#include "core/list/list_control.h"
 
 #include <gtest/gtest.h>
 

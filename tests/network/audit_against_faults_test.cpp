@@ -12,7 +12,7 @@
 #include "audit/custom_audit.h"
 #include "network/fault_cases.h"
 #include "network/wire_bench.h"
-#include "sample_network/fault_hosts.h"
+#include "sample_network/faults/fault_hosts.h"
 
 namespace tessarine {
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "network/wire_bench.h"
-#include "sample_network/event_files.h"
+#include "sample_network/hosts/event_files.h"
 
 namespace tessarine {
 namespace {

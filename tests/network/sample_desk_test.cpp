@@ -7,8 +7,8 @@
 #include "core/scramble.h"
 #include "core/settings_store.h"
 #include "sample_network/desk.h"
+#include "sample_network/hosts/user_list.h"
 #include "sample_network/scratch_file.h"
-#include "sample_network/user_list.h"
 
 namespace tessarine::sample {
 namespace {

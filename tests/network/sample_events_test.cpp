@@ -6,9 +6,9 @@
 #include <set>
 #include <sstream>
 
-#include "sample_network/event_files.h"
-#include "sample_network/generated_events.h"
-#include "sample_network/sample_host.h"
+#include "sample_network/hosts/event_files.h"
+#include "sample_network/hosts/generated_events.h"
+#include "sample_network/hosts/sample_host.h"
 #include "sample_network/scratch_file.h"
 
 namespace tessarine::sample {

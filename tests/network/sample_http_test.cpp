@@ -3,7 +3,7 @@
 #include <sys/eventfd.h>
 #include <sys/socket.h>
 
-#include "sample_network/http_exchange.h"
+#include "sample_network/wire/http_exchange.h"
 
 namespace tessarine::sample {
 namespace {

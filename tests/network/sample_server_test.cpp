@@ -7,10 +7,10 @@
 
 #include "adapters/wsman/sealed_channel.h"
 #include "core/runtime_error.h"
-#include "sample_network/negotiate_acceptor.h"
+#include "sample_network/hosts/user_list.h"
 #include "sample_network/sample_network.h"
-#include "sample_network/tcp_socket.h"
-#include "sample_network/user_list.h"
+#include "sample_network/wire/negotiate_acceptor.h"
+#include "sample_network/wire/tcp_socket.h"
 #include "tests/network/sample_requests.h"
 
 namespace tessarine::sample {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "sample_network/wql.h"
+#include "sample_network/hosts/wql.h"
 
 namespace tessarine::sample {
 namespace {

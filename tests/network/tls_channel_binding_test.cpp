@@ -2,13 +2,13 @@
 #include <gtest/gtest.h>
 #include <openssl/sha.h>
 
-#include "adapters/wsman/base64.h"
-#include "adapters/wsman/channel_binding.h"
-#include "adapters/wsman/negotiation.h"
+#include "adapters/wsman/basics/base64.h"
+#include "adapters/wsman/sign_in/channel_binding.h"
+#include "adapters/wsman/sign_in/negotiation.h"
 #include "core/runtime_error.h"
-#include "sample_network/certificate_authority.h"
-#include "sample_network/negotiate_acceptor.h"
-#include "sample_network/user_list.h"
+#include "sample_network/hosts/user_list.h"
+#include "sample_network/wire/certificate_authority.h"
+#include "sample_network/wire/negotiate_acceptor.h"
 
 namespace tessarine::sample {
 namespace {

@@ -7,10 +7,10 @@
 
 #include "adapters/wsman/wsman_event_source.h"
 #include "core/runtime_error.h"
+#include "sample_network/hosts/user_list.h"
 #include "sample_network/sample_network.h"
 #include "sample_network/scratch_file.h"
-#include "sample_network/tcp_socket.h"
-#include "sample_network/user_list.h"
+#include "sample_network/wire/tcp_socket.h"
 
 namespace tessarine::sample {
 namespace {

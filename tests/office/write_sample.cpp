@@ -4,7 +4,7 @@
 
 #include "adapters/xlsx/xlsx_workbooks.h"
 #include "analysis/workbook_export.h"
-#include "core/start_up.h"
+#include "chrome/start_up.h"
 #include "fakes/bench.h"
 #include "office/bitmap.h"
 #include "office/sample_analysis.h"

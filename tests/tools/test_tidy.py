@@ -85,6 +85,12 @@ class TidyTest(unittest.TestCase):
             ("src/core/a.cpp", '"app/events.h"'),
             ("src/platform/a.h", '"core/console_state.h"'),
             ("src/platform/a.h", "<curl/curl.h>"),
+            ("src/core/a.cpp", '"store/log_files.h"'),
+            ("src/tables/a.cpp", '"patterns/code_lists.h"'),
+            ("src/viewer/a.cpp", '"search/search.h"'),
+            ("src/audit/a.cpp", '"chrome/start_up.h"'),
+            ("src/adapters/wsman/soap/a.cpp", '"adapters/wsman/records/event_items.h"'),
+            ("src/adapters/wsman/http/a.cpp", '"adapters/wsman/sealed_channel.h"'),
             ("src/adapters/wire/a.cpp", '"ui/window.h"'),
             ("src/adapters/wire/a.cpp", '"hosts/host_list.h"'),
             ("src/adapters/wire/a.cpp", '"adapters/other/a.h"'),
@@ -99,6 +105,19 @@ class TidyTest(unittest.TestCase):
                 (self.root / path).unlink()
         self.write("src/stray/a.cpp", "int a();\n")
         self.assertEqual(self.findings(check_includes), ["src/stray/a.cpp:1 layer"])
+
+    def test_includes_down_the_floors(self):
+        for path, include in (
+            ("src/core/list/a.cpp", "core/text.h"),
+            ("src/core/a.cpp", "core/list/row_order.h"),
+            ("src/patterns/a.cpp", "tables/code_matches.h"),
+            ("src/viewer/a.cpp", "core/text.h"),
+            ("src/chrome/a.cpp", "report/html_page.h"),
+            ("src/adapters/wsman/a.cpp", "adapters/wsman/records/event_items.h"),
+            ("src/adapters/wsman/records/a.cpp", "adapters/wsman/soap/enumeration.h"),
+        ):
+            self.write(path, f'#include "{include}"\n')
+        self.assertEqual(self.findings(check_includes), [])
 
     def test_an_oddity_stands_in_all_three_places(self):
         places = ("src/hosts/host_list.cpp", "docs/oddities.md", "tests/hosts/host_list_test.cpp")

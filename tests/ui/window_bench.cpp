@@ -4,7 +4,7 @@
 #include <QTest>
 #include <memory>
 
-#include "core/start_up.h"
+#include "chrome/start_up.h"
 
 namespace tessarine::fakes {
 namespace {

@@ -3,11 +3,11 @@
 #include <future>
 #include <utility>
 
-#include "adapters/wsman/ascii.h"
-#include "adapters/wsman/base64.h"
-#include "adapters/wsman/channel_binding.h"
-#include "adapters/wsman/failure.h"
-#include "adapters/wsman/limits.h"
+#include "adapters/wsman/basics/ascii.h"
+#include "adapters/wsman/basics/base64.h"
+#include "adapters/wsman/basics/failure.h"
+#include "adapters/wsman/basics/limits.h"
+#include "adapters/wsman/sign_in/channel_binding.h"
 
 namespace tessarine {
 namespace {

@@ -9,12 +9,12 @@
 #include <string>
 #include <string_view>
 
-#include "adapters/wsman/encrypted_message.h"
-#include "adapters/wsman/host_address.h"
-#include "adapters/wsman/http_connection.h"
-#include "adapters/wsman/negotiation.h"
-#include "adapters/wsman/security_seal.h"
-#include "adapters/wsman/soap_channel.h"
+#include "adapters/wsman/basics/host_address.h"
+#include "adapters/wsman/http/http_connection.h"
+#include "adapters/wsman/sign_in/encrypted_message.h"
+#include "adapters/wsman/sign_in/negotiation.h"
+#include "adapters/wsman/sign_in/security_seal.h"
+#include "adapters/wsman/soap/soap_channel.h"
 #include "platform/event_source.h"
 
 namespace tessarine {

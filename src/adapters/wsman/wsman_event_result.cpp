@@ -1,7 +1,7 @@
 #include "adapters/wsman/wsman_event_result.h"
 
-#include "adapters/wsman/event_items.h"
-#include "adapters/wsman/failure.h"
+#include "adapters/wsman/basics/failure.h"
+#include "adapters/wsman/records/event_items.h"
 
 namespace tessarine {
 

@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <string>
 
-#include "adapters/wsman/enumeration.h"
-#include "adapters/wsman/event_spool.h"
-#include "adapters/wsman/host_clock.h"
-#include "adapters/wsman/item_reader.h"
-#include "adapters/wsman/limits.h"
+#include "adapters/wsman/basics/limits.h"
+#include "adapters/wsman/records/event_spool.h"
+#include "adapters/wsman/records/host_clock.h"
+#include "adapters/wsman/soap/enumeration.h"
+#include "adapters/wsman/soap/item_reader.h"
 #include "platform/event_source.h"
 
 namespace tessarine {

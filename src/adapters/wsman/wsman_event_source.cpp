@@ -1,10 +1,10 @@
 #include "adapters/wsman/wsman_event_source.h"
 
-#include "adapters/wsman/failure.h"
-#include "adapters/wsman/host_address.h"
+#include "adapters/wsman/basics/failure.h"
+#include "adapters/wsman/basics/host_address.h"
+#include "adapters/wsman/records/time_zone_query.h"
 #include "adapters/wsman/sealed_channel.h"
-#include "adapters/wsman/soap_request.h"
-#include "adapters/wsman/time_zone_query.h"
+#include "adapters/wsman/soap/soap_request.h"
 #include "adapters/wsman/wsman_event_result.h"
 
 namespace tessarine {

@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-#include "adapters/wsman/encrypted_message.h"
+#include "adapters/wsman/sign_in/encrypted_message.h"
 #include "adapters/wsman/wsman_event_result.h"
 #include "platform/event_source.h"
 

@@ -9,7 +9,7 @@
 #include "core/controls.h"
 #include "core/form.h"
 #include "core/forms/page_style.h"
-#include "core/list_control.h"
+#include "core/list/list_control.h"
 #include "core/menu.h"
 #include "core/status_bar.h"
 #include "core/tab_strip.h"

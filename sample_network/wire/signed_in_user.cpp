@@ -1,0 +1,19 @@
+#include "sample_network/wire/signed_in_user.h"
+
+#include "adapters/wsman/sign_in/gss_handles.h"
+
+namespace tessarine::sample {
+
+std::string signed_in_user(gss_ctx_id_t context) {
+    OM_uint32 minor = 0;
+    GssName name;
+    GssBuffer text;
+    if (GSS_ERROR(gss_inquire_context(&minor, context, name.address(), nullptr, nullptr, nullptr,
+                                      nullptr, nullptr, nullptr)) ||
+        GSS_ERROR(gss_display_name(&minor, name.get(), text.address(), nullptr)))
+        return "";
+    // Some count the NUL behind the name as a part of it.
+    return text.text().c_str();
+}
+
+}  // namespace tessarine::sample

@@ -1,0 +1,63 @@
+#include "chrome/start_up.h"
+
+#include <string>
+
+#include "core/console_state.h"
+#include "core/menus.h"
+#include "core/settings_store.h"
+#include "core/tabs.h"
+#include "patterns/code_lists.h"
+#include "platform/form_windows.h"
+
+namespace tessarine {
+namespace {
+
+std::string version() {
+    return std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
+           std::to_string(kVersionRevision);
+}
+
+void set_column_widths(MainForm& form) {
+    form.ListView1.columns.front().width = form.ListView1.width / 2;
+    for (ListControl* table : {&form.SystemList, &form.ApplicationList, &form.SecurityList})
+        for (ListColumn& column : table->columns)
+            column.width = table->width / static_cast<int>(table->columns.size());
+}
+
+void empty_charts(MainForm& form) {
+    form.sysPie.points = {0, 0, 0};
+    form.appPie.points = {0, 0, 0};
+    form.SecPie.points = {0, 0};
+}
+
+}  // namespace
+
+void start_up(Console& console) {
+    MainForm& form = console.Form1;
+    if (!console.started) {
+        console.platform.form_windows.let_events_pass();
+        console.started = true;
+    }
+    set_menu_icons(form);
+    PositionHost(console);
+    PositionMain(console);
+    LoadSettings(console);  // the first touch of Form3, whose own load reads them as well
+    set_column_widths(form);
+    empty_charts(form);
+    form.lblselectedTab.caption = form.TabStrip2.selected_caption();
+    form.tmrAutoAudit.enabled = console.Form3->chkEnableschedule.value == 1;
+    LoadAlertPatterns(console);
+    LoadIgnoreList(console);
+}
+
+void activate_main_form(Console& console) {
+    console.Form1.caption = "Tessarine " + version();
+    // From here on AboutForm is loaded, hidden until it is asked for.
+    console.AboutForm->Text1.text =
+        "Product Information:\r\n"
+        "Application Name:\tTessarine\r\n"
+        "Version:\t" +
+        version() + "\r\n";
+}
+
+}  // namespace tessarine

@@ -1,0 +1,74 @@
+#include "core/list/list_rows.h"
+#include "core/runtime_error.h"
+
+namespace tessarine {
+
+std::string_view ListControl::Row::sub_item(int index) const {
+    if (index < 1 || index > sub_item_count())
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange, "Index out of bounds");
+    return list_->cell(number_, index);
+}
+
+int ListControl::Row::sub_item_count() const {
+    const CompactRow& row = list_->rows_[number_];
+    if (row.own_row == CompactRow::kNoOwnRow) return RecordText::kFields - 1;
+    return static_cast<int>(list_->own_rows_[row.own_row]->cells.size()) - 1;
+}
+
+int ListControl::Row::small_icon() const {
+    return list_->rows_[number_].small_icon;
+}
+
+bool ListControl::Row::selected() const {
+    return list_->rows_[number_].selected != 0;
+}
+
+int ListControl::Row::report_icon(int sub_item) const {
+    const CompactRow& row = list_->rows_[number_];
+    if (sub_item < 1 || sub_item > sub_item_count() || row.own_row == CompactRow::kNoOwnRow)
+        return 0;
+    return list_->own_rows_[row.own_row]->cells[static_cast<std::size_t>(sub_item)].report_icon;
+}
+
+std::uint32_t ListControl::Row::fore_colour(int column) const {
+    if (column < 0 || column > sub_item_count()) return kDefaultColour;
+    const CompactRow& row = list_->rows_[number_];
+    if (row.own_row == CompactRow::kNoOwnRow)
+        return (row.red_columns >> column & 1) != 0 ? kRed : kDefaultColour;
+    return list_->own_rows_[row.own_row]->cells[static_cast<std::size_t>(column)].colour;
+}
+
+void ListControl::Row::add_sub_item(std::string_view text) {
+    list_->own_row(number_).cells.push_back({.text = std::string(text)});
+    list_->mark_changed(position_);
+}
+
+void ListControl::Row::set_sub_item(int index, std::string_view text) {
+    sub_item(index);
+    list_->own_row(number_).cells[static_cast<std::size_t>(index)].text = text;
+    list_->mark_changed(position_);
+}
+
+void ListControl::Row::set_report_icon(int sub_item_index, int icon) {
+    sub_item(sub_item_index);
+    list_->own_row(number_).cells[static_cast<std::size_t>(sub_item_index)].report_icon = icon;
+    list_->mark_changed(position_);
+}
+
+void ListControl::Row::set_fore_colour(int column, std::uint32_t colour) {
+    if (column != 0) sub_item(column);
+    CompactRow& row = list_->rows_[number_];
+    const bool stays_compact = row.own_row == CompactRow::kNoOwnRow && colour == kRed;
+    if (stays_compact)
+        row.red_columns = static_cast<std::uint8_t>(row.red_columns | 1u << column);
+    else
+        list_->own_row(number_).cells[static_cast<std::size_t>(column)].colour = colour;
+    list_->mark_changed(position_);
+}
+
+void ListControl::Row::set_selected(bool selected) {
+    list_->rows_[number_].selected = selected ? 1 : 0;
+    list_->mark_changed(position_);
+}
+
+}  // namespace tessarine
