@@ -31,23 +31,23 @@ namespace {
 
 // A routine that takes no notice of the event's details.
 template <auto routine>
-void plain(Console& console, const EventDetails&) {
+void plain(Console& console, const InputDetails&) {
     routine(console);
 }
 
-void press_on_host_list_with(Console& console, const EventDetails& details) {
+void press_on_host_list_with(Console& console, const InputDetails& details) {
     press_on_host_list(console, details.button);
 }
 
 // Draws a chart of the main window as bars or as a pie.
 template <auto chart, ChartType type>
-void draw_as(Console& console, const EventDetails&) {
+void draw_as(Console& console, const InputDetails&) {
     (console.Form1.*chart).type = type;
 }
 
 // The same for the graph of Form5.
 template <ChartType type>
-void draw_graph_as(Console& console, const EventDetails&) {
+void draw_graph_as(Console& console, const InputDetails&) {
     console.Form5->pie.type = type;
 }
 

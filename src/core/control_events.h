@@ -25,7 +25,7 @@ enum class EventKind {
 };
 
 /// What the event brings along; what doesn't apply is 0.
-struct EventDetails {
+struct InputDetails {
     int button = 0;  ///< 1 left, 2 right
     int column = 0;  ///< from 1
 };
@@ -34,7 +34,7 @@ struct ControlEvent {
     FormId form;
     std::string_view control;
     EventKind kind;
-    void (*routine)(Console&, const EventDetails&);
+    void (*routine)(Console&, const InputDetails&);
 };
 
 /// The table's entry for an event, or nothing: such a control is shown disabled.

@@ -43,7 +43,7 @@ class StatusBar {
         if (hook_ != nullptr) hook_->status_changed(StatusChange::Count);
     }
 
-    void tell(RepaintHook* hook) { hook_ = hook; }
+    void set_repaint_hook(RepaintHook* hook) { hook_ = hook; }
 
   private:
     struct Panel {
@@ -69,7 +69,7 @@ class ProgressBar {
     /// Raises a RuntimeError for a value outside 0 to the maximum.
     void set_value(std::int64_t value);
 
-    void tell(RepaintHook* hook) { hook_ = hook; }
+    void set_repaint_hook(RepaintHook* hook) { hook_ = hook; }
 
   private:
     void changed(StatusChange change) const {

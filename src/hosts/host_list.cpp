@@ -80,7 +80,7 @@ void enter_selected_host(Console& console) {
     console.Form1.focus_wanted = "ListView1";
 }
 
-void press_on_selected_host(Console& console, const EventDetails& details) {
+void press_on_selected_host(Console& console, const InputDetails& details) {
     if (details.button == kRightButton) console.Form1.focus_wanted = "TxtAlert";
 }
 

@@ -28,6 +28,6 @@ void dellogs(Console& console);
 
 /// txtSelectedHost, which is for display alone, hands the focus on. Both raise no error.
 void enter_selected_host(Console& console);
-void press_on_selected_host(Console& console, const EventDetails& details);
+void press_on_selected_host(Console& console, const InputDetails& details);
 
 }  // namespace tessarine

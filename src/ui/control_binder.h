@@ -35,7 +35,7 @@ class ControlBinder : public QObject {
     EventDoor& door() const { return door_; }
     FormId form() const { return form_; }
 
-    void raise(std::string_view control, EventKind kind, const EventDetails& details = {}) const {
+    void raise(std::string_view control, EventKind kind, const InputDetails& details = {}) const {
         door_.raise(form_, control, kind, details);
     }
 

@@ -6,7 +6,7 @@
 namespace tessarine {
 
 void EventDoor::raise(FormId form, std::string_view control, EventKind kind,
-                      const EventDetails& details) const {
+                      const InputDetails& details) const {
     const ControlEvent* event = find_event(events_, form, control, kind);
     if (event == nullptr || held_ || !console_.Form1.loaded) return;
     run_event(console_, [&](Console& console) { event->routine(console, details); });

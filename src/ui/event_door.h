@@ -25,7 +25,7 @@ class EventDoor {
 
     /// Runs the event's routine, if it has one.
     void raise(FormId form, std::string_view control, EventKind kind,
-               const EventDetails& details = {}) const;
+               const InputDetails& details = {}) const;
 
     bool held() const { return held_; }
     void hold(bool held) { held_ = held; }

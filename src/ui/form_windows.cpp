@@ -24,14 +24,14 @@ void QtFormWindows::open(Console& console, std::span<const ControlEvent> events)
     door_ = std::make_unique<EventDoor>(console, events);
     main_window_ = std::make_unique<MainWindow>(*door_);
     repainter_ = std::make_unique<Repainter>(*door_, [this] { show_progress(); });
-    console.Form1.st1.tell(repainter_.get());
-    console.Form1.pbar1.tell(repainter_.get());
+    console.Form1.st1.set_repaint_hook(repainter_.get());
+    console.Form1.pbar1.set_repaint_hook(repainter_.get());
 }
 
 void QtFormWindows::close() {
     if (door_ == nullptr) return;
-    door_->console().Form1.st1.tell(nullptr);
-    door_->console().Form1.pbar1.tell(nullptr);
+    door_->console().Form1.st1.set_repaint_hook(nullptr);
+    door_->console().Form1.pbar1.set_repaint_hook(nullptr);
     door_->console().mouse_pointer = kPointerDefault;
     show_pointer();
     // Widgets that go away pass the focus on, which is no event any more.

@@ -44,35 +44,35 @@ void release_on_analysis(Console& console, ListControl& table, const char* word,
 
 }  // namespace
 
-void release_on_system_list(Console& console, const EventDetails& details) {
+void release_on_system_list(Console& console, const InputDetails& details) {
     release_on_events(console, console.Form1.SystemList, details.button);
 }
 
-void release_on_application_list(Console& console, const EventDetails& details) {
+void release_on_application_list(Console& console, const InputDetails& details) {
     release_on_events(console, console.Form1.ApplicationList, details.button);
 }
 
-void release_on_security_list(Console& console, const EventDetails& details) {
+void release_on_security_list(Console& console, const InputDetails& details) {
     release_on_events(console, console.Form1.SecurityList, details.button);
 }
 
-void click_column_of_system_list(Console& console, const EventDetails& details) {
+void click_column_of_system_list(Console& console, const InputDetails& details) {
     sort(console, console.Form1.SystemList, details.column);
 }
 
-void click_column_of_application_list(Console& console, const EventDetails& details) {
+void click_column_of_application_list(Console& console, const InputDetails& details) {
     sort(console, console.Form1.ApplicationList, details.column);
 }
 
-void release_on_system_analysis(Console& console, const EventDetails& details) {
+void release_on_system_analysis(Console& console, const InputDetails& details) {
     release_on_analysis(console, console.Form1.ListView2, "list2", details.button);
 }
 
-void release_on_application_analysis(Console& console, const EventDetails& details) {
+void release_on_application_analysis(Console& console, const InputDetails& details) {
     release_on_analysis(console, console.Form1.ListView3, "list3", details.button);
 }
 
-void release_on_security_analysis(Console& console, const EventDetails& details) {
+void release_on_security_analysis(Console& console, const InputDetails& details) {
     release_on_analysis(console, console.Form1.ListView4, "list4", details.button);
 }
 

@@ -7,31 +7,31 @@
 #include <vector>
 
 #include "chrome/start_up.h"
-#include "fakes/bench.h"
 #include "fakes/drawn.h"
+#include "fakes/rig.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
 using fakes::drawn;
+using fakes::Rig;
 
 class GraphicalAnalysis : public testing::Test {
   protected:
-    GraphicalAnalysis() { bench.run(start_up); }
+    GraphicalAnalysis() { rig.run(start_up); }
 
     static void fill(ListControl& table, int icon, int rows) {
         for (int i = 0; i < rows; ++i) table.add_row("row", icon);
     }
     // The chart as words, behind the count of a log.
     std::string graph(std::string_view log) {
-        bench.run([log](Console& console) { LogAnalyze(console, log); });
+        rig.run([log](Console& console) { LogAnalyze(console, log); });
         return graph();
     }
-    std::string graph() { return drawn(bench.console.Form5->pie); }
+    std::string graph() { return drawn(rig.console.Form5->pie); }
 
-    Bench bench;
-    MainForm& form = bench.console.Form1;
+    Rig rig;
+    MainForm& form = rig.console.Form1;
 };
 
 TEST_F(GraphicalAnalysis, CountsTheRowsOfALogByTheirPictures) {
@@ -48,7 +48,7 @@ TEST_F(GraphicalAnalysis, CountsTheRowsOfALogByTheirPictures) {
     EXPECT_EQ(graph("seclog"), "bars Audit Failures=1 Audit Success=6");
     EXPECT_EQ(graph("SystemLog"), "bars Audit Failures=1 Audit Success=6");
     EXPECT_EQ(graph("applog"), "bars Errors=4 Informations=0 Alerts=0");
-    bench.console.Form5->pie.type = ChartType::Pie;
+    rig.console.Form5->pie.type = ChartType::Pie;
     EXPECT_EQ(graph("systemlog"), "pie Errors=3 Informations=2 Alerts=1");
 }
 
@@ -57,14 +57,14 @@ TEST_F(GraphicalAnalysis, ACountStopsWhereItsNumberEndsAndTheOthersGoOn) {
     fill(form.SystemList, kIconError, 32'768);
     fill(form.SystemList, kIconWarning, 2);
     EXPECT_EQ(graph("systemlog"), "bars Errors=32767 Informations=0 Alerts=2");
-    EXPECT_TRUE(bench.dialogs.messages.empty());
+    EXPECT_TRUE(rig.dialogs.messages.empty());
 }
 
 // KEEP(graph-draws-warnings-blue)
 TEST_F(GraphicalAnalysis, ColumnsAreRedGreenAndBlue) {
     graph("applog");
     std::vector<std::uint32_t> colours;
-    for (const ChartSeries& column : bench.console.Form5->pie.series)
+    for (const ChartSeries& column : rig.console.Form5->pie.series)
         colours.push_back(column.colour);
     EXPECT_EQ(colours, (std::vector{rgb(255, 0, 0), rgb(0, 192, 0), rgb(0, 0, 255)}));
 }
@@ -73,14 +73,14 @@ TEST_F(GraphicalAnalysis, AViewStartsAnewWithTheSystemLogAndTheHostsName) {
     fill(form.SystemList, kIconError, 2);
     form.txtSelectedHost.text = "Host: PC1";
     std::string seen;
-    bench.windows.when_shown(FormId::Form5, [&](Console& console) {
+    rig.windows.when_shown(FormId::Form5, [&](Console& console) {
         seen += console.Form5->caption + "|" + graph() + "\n";
         graph_security_log(console);
         console.Form5->pie.type = ChartType::Pie;
         console.Form5.unload();
     });
-    bench.run(graphicalview);
-    bench.run(graphicalview);
+    rig.run(graphicalview);
+    rig.run(graphicalview);
     const std::string once =
         "Grahpical Analysis - Host: PC1|bars Errors=2 Informations=0 Alerts=0\n";
     EXPECT_EQ(seen, once + once);

@@ -8,35 +8,35 @@
 
 #include "app/events.h"
 #include "chrome/start_up.h"
-#include "fakes/bench.h"
 #include "fakes/drawn.h"
+#include "fakes/rig.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
 using fakes::drawn;
+using fakes::Rig;
 using Points = std::vector<std::int64_t>;
 
 class OverallAnalysis : public testing::Test {
   protected:
-    OverallAnalysis() { bench.run(start_up); }
+    OverallAnalysis() { rig.run(start_up); }
 
     void put(const std::string& name, const std::string& bytes) {
-        bench.files.put("/app/Data/" + name, bytes);
+        rig.files.put("/app/Data/" + name, bytes);
     }
     // The tables behind a click on the button, with these boxes ticked.
     std::string analysed(std::initializer_list<CheckBox*> boxes, const std::string& controls) {
         for (CheckBox* box : boxes) box->value = 1;
-        bench.run([](Console& console) {
+        rig.run([](Console& console) {
             find_event(control_events(), FormId::Form1, "Command3", EventKind::Click)
                 ->routine(console, {});
         });
-        return drawn(bench, controls);
+        return drawn(rig, controls);
     }
 
-    Bench bench;
-    MainForm& form = bench.console.Form1;
+    Rig rig;
+    MainForm& form = rig.console.Form1;
 };
 
 TEST_F(OverallAnalysis, CountsACodeOverAllHostsWhereItWasFirstSeen) {
@@ -136,16 +136,16 @@ pbar1: 0/3
     EXPECT_EQ(history.lines,
               "3: 1/3 records processed\n3: 2/3 records processed\n3: 3/3 records processed\n"
               "3: \n");
-    EXPECT_EQ(bench.console.mouse_pointer, kPointerDefault);
+    EXPECT_EQ(rig.console.mouse_pointer, kPointerDefault);
 }
 
 TEST_F(OverallAnalysis, EndsAFileThatCannotBeReadFurtherAndGoesOn) {
     for (const char* name : {"A_system.log", "B_system.log", "C_system.log"})
         put(name, "error|d|t|" + std::string(name) + "|1|u|c|m\r\n");
-    bench.files.fail_next(fakes::FileStep::Open, "/app/Data/A_system.log", "Denied");
-    bench.files.fail_next(fakes::FileStep::Read, "/app/Data/B_system.log", "Broken");
+    rig.files.fail_next(fakes::FileStep::Open, "/app/Data/A_system.log", "Denied");
+    rig.files.fail_next(fakes::FileStep::Read, "/app/Data/B_system.log", "Broken");
     EXPECT_EQ(analysed({&form.Check4}, "ListView2"), "\nListView2:\n  4|1|1|C_system.log\n");
-    EXPECT_EQ(bench.files.open_files(), 0);
+    EXPECT_EQ(rig.files.open_files(), 0);
 }
 
 TEST_F(OverallAnalysis, ReplacesWhatTheTickedLogsHadAndLeavesTheOthers) {
@@ -154,8 +154,8 @@ TEST_F(OverallAnalysis, ReplacesWhatTheTickedLogsHadAndLeavesTheOthers) {
     form.sysPie.type = ChartType::Pie;
     analysed({&form.Check4, &form.Check6}, "ListView2");
     form.Check6.value = 0;
-    bench.files.remove("/app/Data/PC1_system.log");
-    bench.files.remove("/app/Data/PC1_security.log");
+    rig.files.remove("/app/Data/PC1_system.log");
+    rig.files.remove("/app/Data/PC1_security.log");
     // With no file the bar's end stays where it was.
     EXPECT_EQ(analysed({}, "ListView2 ListView4 pbar1 st1"), R"(
 ListView2:
@@ -175,14 +175,14 @@ TEST_F(OverallAnalysis, ShowsTheSummaryAlsoWithoutABoxOrAStore) {
               "\nListView2:\npbar1: 0/100\nlblselectedTab: \"Analysis Summary\"\n");
     EXPECT_EQ(form.TabStrip2.selected, 4);
     EXPECT_TRUE(form.MainFrame[3].visible);
-    bench.console.Form3->txtLogPath.text = "/elsewhere";
+    rig.console.Form3->txtLogPath.text = "/elsewhere";
     EXPECT_EQ(analysed({&form.Check4}, "ListView2 pbar1"), "\nListView2:\npbar1: 0/100\n");
 }
 
 TEST_F(OverallAnalysis, TakesTheLogsWordInAnyCaseAndNoOther) {
     put("PC1_system.log", "error|d|t|s|1|u|c|m\r\n");
     const auto rows = [&](const char* word) {
-        bench.run([&](Console& console) { OverAllAnalysis(console, word); });
+        rig.run([&](Console& console) { OverAllAnalysis(console, word); });
         return form.ListView2.count();
     };
     EXPECT_EQ(rows("setup"), 0);

@@ -10,16 +10,16 @@
 #include "chrome/start_up.h"
 #include "core/code_page.h"
 #include "core/text.h"
-#include "fakes/bench.h"
 #include "fakes/golden.h"
+#include "fakes/rig.h"
 #include "office/sample_analysis.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
 using fakes::FileStep;
 using fakes::golden;
+using fakes::Rig;
 
 constexpr const char* kPicture = "/app/Chart.bmp";
 constexpr const char* kPath = "/tmp/analysis.xlsx";
@@ -41,20 +41,20 @@ std::string shown(const std::vector<Sheet>& sheets) {
 
 class WorkbookExport : public testing::Test {
   protected:
-    WorkbookExport() { bench.run(start_up); }
+    WorkbookExport() { rig.run(start_up); }
 
     void export_analysis() {
-        bench.run([](Console& console) {
+        rig.run([](Console& console) {
             find_event(control_events(), FormId::Form1, "Command7", EventKind::Click)
                 ->routine(console, {});
         });
     }
     // The message of the runtime error that ended the console.
     std::string last_message() const {
-        return bench.dialogs.messages.empty() ? "" : bench.dialogs.messages.back().text;
+        return rig.dialogs.messages.empty() ? "" : rig.dialogs.messages.back().text;
     }
     void export_lists() {
-        bench.run([](Console& console) {
+        rig.run([](Console& console) {
             MainForm& lists = console.Form1;
             ExpoXL(console, lists.SystemList, lists.ApplicationList, lists.SecurityList);
         });
@@ -66,22 +66,22 @@ class WorkbookExport : public testing::Test {
         }
     }
 
-    Bench bench;
-    MainForm& form = bench.console.Form1;
+    Rig rig;
+    MainForm& form = rig.console.Form1;
 };
 
 TEST_F(WorkbookExport, HasASheetForEachLogWithPictureTableAndTypes) {
     fill_with_sample(form);
     export_analysis();
-    EXPECT_EQ(shown(bench.workbooks.written), golden("workbook.txt"));
-    EXPECT_EQ(bench.shell.opened, std::vector<std::string>{kPath});
-    EXPECT_TRUE(bench.dialogs.messages.empty());
+    EXPECT_EQ(shown(rig.workbooks.written), golden("workbook.txt"));
+    EXPECT_EQ(rig.shell.opened, std::vector<std::string>{kPath});
+    EXPECT_TRUE(rig.dialogs.messages.empty());
     EXPECT_EQ(form.st1.text(1), "");
 }
 
 TEST_F(WorkbookExport, BeforeAnyAnalysisHasCaptionsAndZeros) {
     export_analysis();
-    const std::string sheet = shown({bench.workbooks.written.back()});
+    const std::string sheet = shown({rig.workbooks.written.back()});
     EXPECT_EQ(sheet, R"(Security Events:
   picture bars Audit Failure=0 Audit Success=0
   A12 bold "Event Code"
@@ -100,43 +100,43 @@ TEST_F(WorkbookExport, BeforeAnyAnalysisHasCaptionsAndZeros) {
 TEST_F(WorkbookExport, LeavesTheSecurityChartOnTheClipboardAndInItsFile) {
     form.SecPie.points = {1, 2};
     export_analysis();
-    EXPECT_EQ(bench.clipboard.its_picture, "bars Audit Failure=1 Audit Success=2");
-    EXPECT_EQ(bench.files.bytes(kPicture), bench.clipboard.its_picture);
-    EXPECT_EQ(bench.files.open_files(), 0);
+    EXPECT_EQ(rig.clipboard.its_picture, "bars Audit Failure=1 Audit Success=2");
+    EXPECT_EQ(rig.files.bytes(kPicture), rig.clipboard.its_picture);
+    EXPECT_EQ(rig.files.open_files(), 0);
 }
 
 TEST_F(WorkbookExport, WithoutAProgramForItIsToldAndWhereItIs) {
-    bench.shell.has_programs = false;
+    rig.shell.has_programs = false;
     export_analysis();
-    EXPECT_TRUE(bench.shell.opened.empty());
+    EXPECT_TRUE(rig.shell.opened.empty());
     EXPECT_EQ(last_message(), "Excel Components Missing.Cannot Export To Excel Sheet");
-    EXPECT_EQ(bench.dialogs.messages.back().style, MessageStyle::Critical);
+    EXPECT_EQ(rig.dialogs.messages.back().style, MessageStyle::Critical);
     EXPECT_EQ(form.st1.text(1), std::string("The workbook is in ") + kPath);
-    EXPECT_FALSE(bench.program.ended);
+    EXPECT_FALSE(rig.program.ended);
 }
 
 TEST_F(WorkbookExport, AFailureEndsTheConsole) {
-    bench.files.fail_next(FileStep::Close, kPicture, "Disk full");
+    rig.files.fail_next(FileStep::Close, kPicture, "Disk full");
     export_analysis();
     EXPECT_EQ(last_message(), "Run-time error '440':\r\n\r\nDisk full");
-    EXPECT_TRUE(bench.program.ended);
-    EXPECT_TRUE(bench.workbooks.written.empty());
-    bench.workbooks.fails = true;
+    EXPECT_TRUE(rig.program.ended);
+    EXPECT_TRUE(rig.workbooks.written.empty());
+    rig.workbooks.fails = true;
     export_analysis();
     EXPECT_EQ(last_message(), "Run-time error '440':\r\n\r\nNo space left on device");
-    EXPECT_TRUE(bench.shell.opened.empty());
+    EXPECT_TRUE(rig.shell.opened.empty());
 }
 
 // KEEP(long-tables-fail-to-export)
 TEST_F(WorkbookExport, OfMoreThan32767RowsFailsBehindThePictureOfItsSheet) {
     add_rows(form.ListView2, 32'767);
     export_analysis();
-    EXPECT_EQ(bench.workbooks.written.size(), 3U);
-    EXPECT_EQ(bench.workbooks.written[1].cells[3 + 3 * 32'766].row, 12 + 32'767);
+    EXPECT_EQ(rig.workbooks.written.size(), 3U);
+    EXPECT_EQ(rig.workbooks.written[1].cells[3 + 3 * 32'766].row, 12 + 32'767);
     add_rows(form.ListView2, 1);
     export_analysis();
     EXPECT_EQ(last_message(), "Run-time error '6':\r\n\r\nOverflow");
-    EXPECT_TRUE(bench.files.bytes(kPicture).starts_with("bars Error="));
+    EXPECT_TRUE(rig.files.bytes(kPicture).starts_with("bars Error="));
 }
 
 // KEEP(list-export-saves-under-no-name)
@@ -146,10 +146,10 @@ TEST_F(WorkbookExport, OfTheRecordListsHasPlainCaptionsAndAnEmptyRow) {
         add_rows(*list, 2);
     }
     form.ApplicationList.columns.resize(1);
-    bench.dialogs.choose_file_next("/home/test.xls");
-    const std::string files_before = bench.files.names();
+    rig.dialogs.choose_file_next("/home/test.xls");
+    const std::string files_before = rig.files.names();
     export_lists();
-    EXPECT_EQ(shown(bench.workbooks.written), R"(System Log:
+    EXPECT_EQ(shown(rig.workbooks.written), R"(System Log:
   A1 "Type"
   B1 "Date"
   A3 "1"
@@ -166,10 +166,10 @@ Security Log:
   A4 "1"
   B4 "x"
 )");
-    ASSERT_EQ(bench.dialogs.choices.size(), 1U);
-    EXPECT_EQ(bench.dialogs.choices.back().title, "save test.xls");
-    EXPECT_EQ(bench.files.names(), files_before);
-    EXPECT_EQ(bench.shell.opened, std::vector<std::string>{kPath});
+    ASSERT_EQ(rig.dialogs.choices.size(), 1U);
+    EXPECT_EQ(rig.dialogs.choices.back().title, "save test.xls");
+    EXPECT_EQ(rig.files.names(), files_before);
+    EXPECT_EQ(rig.shell.opened, std::vector<std::string>{kPath});
 }
 
 // KEEP(list-export-asks-for-its-first-list-alone)
@@ -177,7 +177,7 @@ TEST_F(WorkbookExport, OfTheRecordListsWantsRowsInTheFirstOne) {
     add_rows(form.ApplicationList, 1);
     export_lists();
     EXPECT_EQ(form.st1.text(1), "Error. Populate the list first");
-    EXPECT_TRUE(bench.workbooks.written.empty());
+    EXPECT_TRUE(rig.workbooks.written.empty());
 }
 
 }  // namespace

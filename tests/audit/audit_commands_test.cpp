@@ -6,34 +6,34 @@
 #include "audit/connection_check.h"
 #include "audit/custom_audit.h"
 #include "audit/full_audit.h"
-#include "fakes/bench.h"
 #include "fakes/drawn.h"
+#include "fakes/rig.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
 using fakes::drawn;
+using fakes::Rig;
 
 class AuditCommands : public testing::Test {
   protected:
     AuditCommands() {
         for (const char* name : {"PC1", "PC2", "PC3"}) {
-            bench.network.hosts[name].records = {{}};
-            bench.probe.answers[name] = fakes::kConnects;
+            rig.network.hosts[name].records = {{}};
+            rig.probe.answers[name] = fakes::kConnects;
         }
-        bench.list_hosts({"PC1", "PC2", "PC3"});
+        rig.list_hosts({"PC1", "PC2", "PC3"});
     }
 
     // What the user does in the dialog before pressing OK.
     void on_custom_audit(std::function<void(CustomAuditForm&)> choose = [](CustomAuditForm&) {}) {
-        bench.windows.when_shown(FormId::Form4, [choose](Console& console) {
+        rig.windows.when_shown(FormId::Form4, [choose](Console& console) {
             choose(console.Form4.get());
             run_event(console, run_custom_audit);
         });
     }
 
-    Bench bench{control_events()};
+    Rig rig{control_events()};
 };
 
 TEST_F(AuditCommands, TheTestOfAHostWaitsThreeSecondsAndTellsTheLastState) {
@@ -47,33 +47,33 @@ TEST_F(AuditCommands, TheTestOfAHostWaitsThreeSecondsAndTellsTheLastState) {
                  {{.connected_after = 3100}, "hostdown"}};
     int start = 0;
     for (const auto& each : cases) {
-        bench.probe.answers["PC1"] = each.answer;
-        bench.run([](Console& console) { test_host(console, "PC1"); });
-        EXPECT_EQ(bench.console.Form1.lblReturn.caption, each.verdict);
-        EXPECT_EQ(bench.timeline.now() - start, 3000);
-        EXPECT_FALSE(bench.console.ConCheck.loaded());
-        start = bench.timeline.now();
+        rig.probe.answers["PC1"] = each.answer;
+        rig.run([](Console& console) { test_host(console, "PC1"); });
+        EXPECT_EQ(rig.console.Form1.lblReturn.caption, each.verdict);
+        EXPECT_EQ(rig.timeline.now() - start, 3000);
+        EXPECT_FALSE(rig.console.ConCheck.loaded());
+        start = rig.timeline.now();
     }
-    EXPECT_EQ(bench.probe.attempts.front(), "PC1:135");
+    EXPECT_EQ(rig.probe.attempts.front(), "PC1:135");
 }
 
 TEST_F(AuditCommands, AFullAuditMarksEveryHostAndNeverStops) {
-    bench.probe.answers["PC1"] = fakes::kRefuses;
-    bench.network.hosts["PC2"].connect_error = "Access is denied";
-    bench.run(runFullauditAllhost);
-    EXPECT_EQ(drawn(bench, "ListView1"), R"(
+    rig.probe.answers["PC1"] = fakes::kRefuses;
+    rig.network.hosts["PC2"].connect_error = "Access is denied";
+    rig.run(runFullauditAllhost);
+    EXPECT_EQ(drawn(rig, "ListView1"), R"(
 ListView1:
   1|PC1|[8]-
   1|PC2|[8]-
   1|PC3|[7]-
 )");
-    EXPECT_EQ(bench.network.connects, 2);
+    EXPECT_EQ(rig.network.connects, 2);
 }
 
 TEST_F(AuditCommands, AFullAuditOfTheSelectionSkipsTheOthers) {
-    Bench::select(bench.console.Form1.ListView1, {1, 3});
-    bench.run(fullaudit);
-    EXPECT_EQ(drawn(bench, "ListView1"), R"(
+    Rig::select(rig.console.Form1.ListView1, {1, 3});
+    rig.run(fullaudit);
+    EXPECT_EQ(drawn(rig, "ListView1"), R"(
 ListView1:
   *1|PC1|[7]-
   1|PC2|-
@@ -83,24 +83,24 @@ ListView1:
 
 // KEEP(custom-audit-takes-names-as-they-stand)
 TEST_F(AuditCommands, OnlyAFullAuditRemovesLeadingBackslashes) {
-    bench.list_hosts({"\\\\PC1"});
-    bench.run(runFullauditAllhost);
-    EXPECT_EQ(bench.probe.attempts.back(), "PC1:135");
-    EXPECT_NE(bench.files.names().find("/app/Data/PC1_system.log"), std::string::npos);
+    rig.list_hosts({"\\\\PC1"});
+    rig.run(runFullauditAllhost);
+    EXPECT_EQ(rig.probe.attempts.back(), "PC1:135");
+    EXPECT_NE(rig.files.names().find("/app/Data/PC1_system.log"), std::string::npos);
     on_custom_audit();
-    bench.run(runcustomforallhosts);
-    EXPECT_EQ(bench.probe.attempts.back(), "\\\\PC1:135");
+    rig.run(runcustomforallhosts);
+    EXPECT_EQ(rig.probe.attempts.back(), "\\\\PC1:135");
 }
 
 // KEEP(custom-audit-of-a-down-host-leaves-no-trace)
 TEST_F(AuditCommands, ACustomAuditOfAllSelectsEachRowAndPassesOverDownHosts) {
-    bench.probe.answers["PC2"] = fakes::kSilent;
+    rig.probe.answers["PC2"] = fakes::kSilent;
     on_custom_audit([](CustomAuditForm& form) {
         form.MonthView1.value = {2004, 1, 2};
         form.ChkSys.value = 0;
     });
-    bench.run(runcustomforallhosts);
-    EXPECT_EQ(drawn(bench, "ListView1 AuditStat st1"), R"(
+    rig.run(runcustomforallhosts);
+    EXPECT_EQ(drawn(rig, "ListView1 AuditStat st1"), R"(
 ListView1:
   *1|PC1|[7]-
   *1|PC2|-
@@ -108,47 +108,47 @@ ListView1:
 AuditStat: "ok"
 st1: [][][][3/3][]
 )");
-    EXPECT_NE(bench.network.query.find("TimeWritten >= '20040102"), std::string::npos);
-    EXPECT_EQ(bench.files.bytes("/app/Data/PC1_system.log"), "");
-    EXPECT_FALSE(bench.console.Form4.loaded());
+    EXPECT_NE(rig.network.query.find("TimeWritten >= '20040102"), std::string::npos);
+    EXPECT_EQ(rig.files.bytes("/app/Data/PC1_system.log"), "");
+    EXPECT_FALSE(rig.console.Form4.loaded());
 }
 
 // KEEP(selected-hosts-leave-the-dialog-loaded)
 TEST_F(AuditCommands, ACustomAuditOfSelectedHostsLeavesTheTickBehind) {
-    Bench::select(bench.console.Form1.ListView1, {1, 2});
+    Rig::select(rig.console.Form1.ListView1, {1, 2});
     on_custom_audit([](CustomAuditForm& form) { form.chkSpecificDate.value = 1; });
-    bench.run(custaudit);
-    EXPECT_EQ(drawn(bench, "ListView1 st1"), R"(
+    rig.run(custaudit);
+    EXPECT_EQ(drawn(rig, "ListView1 st1"), R"(
 ListView1:
   *1|PC1|[7]-
   >*1|PC2|[7]-
   1|PC3|-
 st1: [][][][2/3][]
 )");
-    ASSERT_TRUE(bench.console.Form4.loaded());
-    EXPECT_FALSE(bench.console.Form4->visible);
-    EXPECT_EQ(bench.console.Form4->chkSpecificDate.value, 1);
+    ASSERT_TRUE(rig.console.Form4.loaded());
+    EXPECT_FALSE(rig.console.Form4->visible);
+    EXPECT_EQ(rig.console.Form4->chkSpecificDate.value, 1);
 }
 
 TEST_F(AuditCommands, ACustomAuditOfOneHostGoesByItsName) {
-    Bench::select(bench.console.Form1.ListView1, {2});
+    Rig::select(rig.console.Form1.ListView1, {2});
     std::string caption;
     on_custom_audit([&](CustomAuditForm& form) { caption = form.lblHostName.caption; });
-    bench.run(custaudit);
+    rig.run(custaudit);
     EXPECT_EQ(caption, "PC2");
-    EXPECT_EQ(drawn(bench, "st1"), "\nst1: [][][][0/3][]\n");
-    EXPECT_EQ(bench.network.connects, 1);
-    EXPECT_FALSE(bench.console.Form4.loaded());
+    EXPECT_EQ(drawn(rig, "st1"), "\nst1: [][][][0/3][]\n");
+    EXPECT_EQ(rig.network.connects, 1);
+    EXPECT_FALSE(rig.console.Form4.loaded());
 }
 
 TEST_F(AuditCommands, ACustomAuditIsIgnoredWithoutARow) {
-    bench.run(custaudit);
-    EXPECT_TRUE(bench.windows.shown.empty());
+    rig.run(custaudit);
+    EXPECT_TRUE(rig.windows.shown.empty());
 }
 
 TEST_F(AuditCommands, TheCustomDialogReadsTheChoiceBack) {
     std::string said;
-    bench.windows.when_shown(FormId::Form4, [&](Console& console) {
+    rig.windows.when_shown(FormId::Form4, [&](Console& console) {
         CustomAuditForm& form = console.Form4.get();
         said += form.Label1.caption + "\n";
         form.MonthView1.value = {2004, 2, 3};
@@ -162,13 +162,13 @@ TEST_F(AuditCommands, TheCustomDialogReadsTheChoiceBack) {
         said += form.visible ? "open" : "closed";
         console.Form4.unload();
     });
-    bench.run(runcustomforallhosts);
+    rig.run(runcustomforallhosts);
     EXPECT_EQ(said,
               "Perform audit from: 11/30/2004 onwards\nPerform audit from: 2/3/2004 onwards\n"
               "Perform audit for: 2/3/2004\nopen");
-    ASSERT_EQ(bench.dialogs.messages.size(), 1u);
-    EXPECT_EQ(bench.dialogs.messages[0].text, "select atleast one log to audit");
-    EXPECT_EQ(bench.network.connects, 0);
+    ASSERT_EQ(rig.dialogs.messages.size(), 1u);
+    EXPECT_EQ(rig.dialogs.messages[0].text, "select atleast one log to audit");
+    EXPECT_EQ(rig.network.connects, 0);
 }
 
 }  // namespace

@@ -6,16 +6,16 @@
 
 #include "audit/event_query.h"
 #include "core/code_page.h"
-#include "fakes/bench.h"
 #include "fakes/drawn.h"
+#include "fakes/rig.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
 using fakes::drawn;
 using fakes::FileStep;
 using fakes::HostEvent;
+using fakes::Rig;
 using fakes::ScriptedHost;
 
 constexpr const char* kSystem = "/app/Data/PC1_system.log";
@@ -35,27 +35,26 @@ ScriptedHost three_records() {
 class AuditHostTest : public testing::Test {
   protected:
     void audit(const std::string& kind = "full", const LogSelection& logs = {}) {
-        bench.run([&](Console& console) { AuditHost(console, "PC1", kind, logs); });
+        rig.run([&](Console& console) { AuditHost(console, "PC1", kind, logs); });
     }
     void fill_old_files() {
-        for (const char* path : {kSystem, kApplication, kSecurity})
-            bench.files.put(path, "old\r\n");
+        for (const char* path : {kSystem, kApplication, kSecurity}) rig.files.put(path, "old\r\n");
     }
 
-    Bench bench;
-    ScriptedHost& host = bench.network.hosts["PC1"] = three_records();
+    Rig rig;
+    ScriptedHost& host = rig.network.hosts["PC1"] = three_records();
 };
 
 TEST_F(AuditHostTest, WritesEachLogInTheHostsOrderAndDropsOthers) {
-    fakes::StatusHistory history(bench.console.Form1.st1);
+    fakes::StatusHistory history(rig.console.Form1.st1);
     audit();
-    EXPECT_EQ(bench.files.bytes(kSystem),
+    EXPECT_EQ(rig.files.bytes(kSystem),
               "information|11/30/2004|11:59:59 PM|Tcpip|4201|N/A|PC1|Ready.\r\n");
-    EXPECT_EQ(bench.files.bytes(kApplication),
+    EXPECT_EQ(rig.files.bytes(kApplication),
               "Fehler|11/30/2004|11:59:59 PM|Tcpip|4201|N/A|PC1|a~b\r\n");
-    EXPECT_EQ(bench.files.bytes(kSecurity),
+    EXPECT_EQ(rig.files.bytes(kSecurity),
               "audit success|11/30/2004|11:59:59 PM|Tcpip|4201|PC1\\eva|PC1|Ready.\r\n");
-    EXPECT_EQ(bench.files.bytes(kAuditLog), "11/30/2004 11:59:59 PM PC1 Audit ok\r\n");
+    EXPECT_EQ(rig.files.bytes(kAuditLog), "11/30/2004 11:59:59 PM PC1 Audit ok\r\n");
     EXPECT_EQ(history.lines, R"(1: Attempting connection to host: PC1
 1: Processing Host: PC1
 3:  Reading log file : 1
@@ -68,60 +67,60 @@ TEST_F(AuditHostTest, WritesEachLogInTheHostsOrderAndDropsOthers) {
 3:  processing record : 4/4
 1: )"
                              "\n3: \n");
-    EXPECT_EQ(drawn(bench, "AuditStat pbar1"), "\nAuditStat: \"ok\"\npbar1: 0/4 hidden\n");
-    EXPECT_EQ(bench.network.log,
+    EXPECT_EQ(drawn(rig, "AuditStat pbar1"), "\nAuditStat: \"ok\"\npbar1: 0/4 hidden\n");
+    EXPECT_EQ(rig.network.log,
               "connect PC1 root\\cimv2\nauthentication 6\nimpersonation 3\n"
               "query SELECT * FROM Win32_NTLogEvent\n");
-    EXPECT_EQ(bench.console.mouse_pointer, kPointerDefault);
+    EXPECT_EQ(rig.console.mouse_pointer, kPointerDefault);
 }
 
 TEST_F(AuditHostTest, UsesTheAlternateCredentialsOnlyWhenTheyAreOn) {
     audit();
-    EXPECT_FALSE(bench.network.credentials.has_value());
-    bench.console.Form3->Check1.value = 1;
-    bench.console.Form3->TxtUsername.text = "";
-    bench.console.Form3->TxtPassword.text = "secret";
+    EXPECT_FALSE(rig.network.credentials.has_value());
+    rig.console.Form3->Check1.value = 1;
+    rig.console.Form3->TxtUsername.text = "";
+    rig.console.Form3->TxtPassword.text = "secret";
     audit();
-    ASSERT_TRUE(bench.network.credentials.has_value());
-    EXPECT_EQ(bench.network.credentials->user, "");
-    EXPECT_EQ(bench.network.credentials->password, "secret");
+    ASSERT_TRUE(rig.network.credentials.has_value());
+    EXPECT_EQ(rig.network.credentials->user, "");
+    EXPECT_EQ(rig.network.credentials->password, "secret");
 }
 
 TEST_F(AuditHostTest, AppendsOverwritesOrMovesWhatIsThere) {
-    auto& settings = bench.console.Form3;
+    auto& settings = rig.console.Form3;
     settings->choose(settings->optAppend);
     audit();
-    const std::string once = bench.files.bytes(kSystem);
+    const std::string once = rig.files.bytes(kSystem);
     audit();
-    EXPECT_EQ(bench.files.bytes(kSystem), once + once);
+    EXPECT_EQ(rig.files.bytes(kSystem), once + once);
 
     settings->choose(settings->optMove);
     audit();
-    EXPECT_EQ(bench.files.bytes(kSystem), once);
-    EXPECT_EQ(bench.files.bytes("/app/Archive/PC1_30-11-04-23-59/PC1_system.log"), once + once);
+    EXPECT_EQ(rig.files.bytes(kSystem), once);
+    EXPECT_EQ(rig.files.bytes("/app/Archive/PC1_30-11-04-23-59/PC1_system.log"), once + once);
 
     settings->choose(settings->optOverwrite);
     audit();
-    EXPECT_EQ(bench.files.bytes(kSystem), once);
+    EXPECT_EQ(rig.files.bytes(kSystem), once);
 }
 
 // KEEP(every-log-file-is-opened)
 TEST_F(AuditHostTest, EmptiesTheLogsThatAreNotSelectedToo) {
     fill_old_files();
     audit("full", {.SelSystem = true, .SelApplication = false, .SelSecurity = false});
-    EXPECT_NE(bench.files.bytes(kSystem), "");
-    EXPECT_EQ(bench.files.bytes(kApplication), "");
-    EXPECT_EQ(bench.files.bytes(kSecurity), "");
+    EXPECT_NE(rig.files.bytes(kSystem), "");
+    EXPECT_EQ(rig.files.bytes(kApplication), "");
+    EXPECT_EQ(rig.files.bytes(kSecurity), "");
 }
 
 TEST_F(AuditHostTest, LeavesTheFilesOfAHostWithoutRecordsAlone) {
     fill_old_files();
     host.records.clear();
     audit();
-    EXPECT_EQ(bench.files.bytes(kSystem), "old\r\n");
-    EXPECT_EQ(bench.files.bytes(kAuditLog),
+    EXPECT_EQ(rig.files.bytes(kSystem), "old\r\n");
+    EXPECT_EQ(rig.files.bytes(kAuditLog),
               "11/30/2004 11:59:59 PM PC1 Audit ok - Zero Records Returned From The Client\r\n");
-    EXPECT_EQ(drawn(bench, "AuditStat st1"), "\nAuditStat: \"ok\"\nst1: [Zero records][][][][]\n");
+    EXPECT_EQ(drawn(rig, "AuditStat st1"), "\nAuditStat: \"ok\"\nst1: [Zero records][][][][]\n");
 }
 
 TEST_F(AuditHostTest, NamesTheCauseOfAFailureAndTouchesNoFileBeforeTheyAreOpened) {
@@ -140,33 +139,33 @@ TEST_F(AuditHostTest, NamesTheCauseOfAFailureAndTouchesNoFileBeforeTheyAreOpened
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         fill_old_files();
-        bench.files.put(kAuditLog, "");
+        rig.files.put(kAuditLog, "");
         host = three_records();
         each.break_it(host);
         audit();
-        EXPECT_EQ(bench.files.bytes(kSystem), "old\r\n");
-        EXPECT_EQ(bench.files.bytes(kAuditLog),
+        EXPECT_EQ(rig.files.bytes(kSystem), "old\r\n");
+        EXPECT_EQ(rig.files.bytes(kAuditLog),
                   std::string("11/30/2004 11:59:59 PM PC1 Audit Error --") + each.cause + "\r\n");
-        EXPECT_EQ(drawn(bench, "AuditStat st1 pbar1"),
+        EXPECT_EQ(drawn(rig, "AuditStat st1 pbar1"),
                   std::string("\nAuditStat: \"error\"\nst1: [") + each.cause +
                       " - Audit error][][][][]\npbar1: 0/100 hidden\n");
-        EXPECT_EQ(bench.files.open_files(), 0);
+        EXPECT_EQ(rig.files.open_files(), 0);
     }
 }
 
 TEST_F(AuditHostTest, KeepsWhatWasWrittenWhenTheSecondWalkFails) {
     host.records[1].TimeGenerated = "no time";
     audit();
-    EXPECT_NE(bench.files.bytes(kSystem), "");
-    EXPECT_EQ(bench.files.bytes(kAuditLog),
+    EXPECT_NE(rig.files.bytes(kSystem), "");
+    EXPECT_EQ(rig.files.bytes(kAuditLog),
               "11/30/2004 11:59:59 PM PC1 Audit Error --Type mismatch\r\n");
-    EXPECT_EQ(bench.files.open_files(), 0);
+    EXPECT_EQ(rig.files.open_files(), 0);
 }
 
 TEST_F(AuditHostTest, ReportsADiskThatRefusesAtAnyStepAndNeverCallsItOk) {
     for (const FileStep step :
          {FileStep::Open, FileStep::Write, FileStep::Close, FileStep::CreateFolder}) {
-        Bench fresh;
+        Rig fresh;
         fresh.network.hosts["PC1"] = three_records();
         const bool folder = step == FileStep::CreateFolder;
         fresh.files.fail_next(step, folder ? "/app/Data" : kSecurity, "Disk full");
@@ -181,59 +180,59 @@ TEST_F(AuditHostTest, ReportsADiskThatRefusesAtAnyStepAndNeverCallsItOk) {
 }
 
 TEST_F(AuditHostTest, ReportsAnErrorWhenTheOkCannotBeLogged) {
-    bench.files.fail_next(FileStep::Write, kAuditLog, "Disk full");
+    rig.files.fail_next(FileStep::Write, kAuditLog, "Disk full");
     audit();
-    EXPECT_EQ(drawn(bench, "AuditStat"), "\nAuditStat: \"error\"\n");
-    EXPECT_FALSE(bench.program.ended);
+    EXPECT_EQ(drawn(rig, "AuditStat"), "\nAuditStat: \"error\"\n");
+    EXPECT_FALSE(rig.program.ended);
 }
 
 TEST_F(AuditHostTest, MakesNoFileForAHostThatWouldLeadOutOfTheStore) {
     for (const char* name : {"..", "../../etc/x", "a/b", "a\\..\\b"}) {
-        bench.run([&](Console& console) { AuditHost(console, name, "full", {}); });
-        EXPECT_EQ(drawn(bench, "AuditStat"), "\nAuditStat: \"error\"\n") << name;
+        rig.run([&](Console& console) { AuditHost(console, name, "full", {}); });
+        EXPECT_EQ(drawn(rig, "AuditStat"), "\nAuditStat: \"error\"\n") << name;
     }
-    EXPECT_EQ(bench.files.names(), "/app/Logs/30-11-2004.log\n");
-    EXPECT_EQ(bench.network.connects, 0);
+    EXPECT_EQ(rig.files.names(), "/app/Logs/30-11-2004.log\n");
+    EXPECT_EQ(rig.network.connects, 0);
 }
 
 // KEEP(archive-stamp-is-taken-anew)
 TEST_F(AuditHostTest, FailsWhenTheMinuteChangesWhileItArchives) {
     fill_old_files();
-    auto& settings = bench.console.Form3;
+    auto& settings = rig.console.Form3;
     settings->choose(settings->optMove);
-    bench.files.make_folders("/app/Archive/PC1_30-11-04-23-59");
+    rig.files.make_folders("/app/Archive/PC1_30-11-04-23-59");
     // The audit log's name and the test of the folder take one moment each.
-    bench.clock.later_moments = {bench.clock.moment, {.date = {2004, 12, 1}, .time = {0, 0, 0}}};
+    rig.clock.later_moments = {rig.clock.moment, {.date = {2004, 12, 1}, .time = {0, 0, 0}}};
     audit();
-    EXPECT_EQ(drawn(bench, "AuditStat"), "\nAuditStat: \"error\"\n");
-    EXPECT_EQ(bench.files.bytes(kSystem), "old\r\n");
+    EXPECT_EQ(drawn(rig, "AuditStat"), "\nAuditStat: \"error\"\n");
+    EXPECT_EQ(rig.files.bytes(kSystem), "old\r\n");
 }
 
 TEST_F(AuditHostTest, NeedsTheArchiveFolderToBeThere) {
     fill_old_files();
-    auto& settings = bench.console.Form3;
+    auto& settings = rig.console.Form3;
     settings->choose(settings->optMove);
     settings->txtArchivePath.text = "/elsewhere\\";
     audit();
-    EXPECT_EQ(drawn(bench, "AuditStat"), "\nAuditStat: \"error\"\n");
-    EXPECT_EQ(bench.files.bytes(kSystem), "old\r\n");
+    EXPECT_EQ(drawn(rig, "AuditStat"), "\nAuditStat: \"error\"\n");
+    EXPECT_EQ(rig.files.bytes(kSystem), "old\r\n");
 }
 
 // KEEP(specific-date-couples-to-the-dialog)
 TEST(EventQuery, ReadsTheTickFromTheDialogWhoeverAsks) {
-    Bench bench;
-    EXPECT_EQ(event_query(bench.console, "full"), "SELECT * FROM Win32_NTLogEvent");
-    EXPECT_EQ(event_query(bench.console, "11/30/2004"),
+    Rig rig;
+    EXPECT_EQ(event_query(rig.console, "full"), "SELECT * FROM Win32_NTLogEvent");
+    EXPECT_EQ(event_query(rig.console, "11/30/2004"),
               "Select * from Win32_NTLogEvent Where TimeWritten >= '20041130000000.000000+060'");
-    bench.console.Form4->chkSpecificDate.value = 1;
-    EXPECT_EQ(event_query(bench.console, "11/30/2004"),
+    rig.console.Form4->chkSpecificDate.value = 1;
+    EXPECT_EQ(event_query(rig.console, "11/30/2004"),
               "Select * from Win32_NTLogEvent Where TimeWritten >= '20041130000000.000000+060' "
               "and TimeWritten < '20041201000000.000000+060'");
-    bench.clock.minutes_ahead = -570;
-    EXPECT_NE(event_query(bench.console, "2/29/2024").find("20240301000000.000000-570"),
+    rig.clock.minutes_ahead = -570;
+    EXPECT_NE(event_query(rig.console, "2/29/2024").find("20240301000000.000000-570"),
               std::string::npos);
     for (const char* kind : {"Full", "", "2/30/2024", "30.11.2004", "11/30/2004 "})
-        EXPECT_THROW(event_query(bench.console, kind), RuntimeError) << kind;
+        EXPECT_THROW(event_query(rig.console, kind), RuntimeError) << kind;
 }
 
 }  // namespace

@@ -8,14 +8,14 @@
 #include "chrome/view_menu.h"
 #include "core/menus.h"
 #include "core/tabs.h"
-#include "fakes/bench.h"
 #include "fakes/drawn.h"
+#include "fakes/rig.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
 using fakes::drawn;
+using fakes::Rig;
 
 std::string visible_pages(MainForm& form) {
     std::string text;
@@ -29,12 +29,12 @@ std::string visible_pages(MainForm& form) {
 }
 
 TEST(StartUp, CleanMachineStartsEmpty) {
-    Bench bench;
-    bench.console.Form1.ListView1.width = 3000;
-    bench.console.Form1.SystemList.width = 8000;
-    bench.run(start_up);
-    EXPECT_FALSE(bench.program.ended);
-    EXPECT_EQ(drawn(bench, "TabStrip1 TabStrip2 lblselectedTab st1 pbar1 ListView1 AlertList"), R"(
+    Rig rig;
+    rig.console.Form1.ListView1.width = 3000;
+    rig.console.Form1.SystemList.width = 8000;
+    rig.run(start_up);
+    EXPECT_FALSE(rig.program.ended);
+    EXPECT_EQ(drawn(rig, "TabStrip1 TabStrip2 lblselectedTab st1 pbar1 ListView1 AlertList"), R"(
 TabStrip1: [*Hosts][Search/Analysis][Alert/Ignore]
 TabStrip2: [* System Log  #1][ Application Log#1][ Security Log  #1][Analysis Summary]
 lblselectedTab: " System Log  "
@@ -43,26 +43,26 @@ pbar1: 0/100 hidden
 ListView1:
 AlertList:
 )");
-    EXPECT_EQ(visible_pages(bench.console.Form1), "100 1000 1000");
-    EXPECT_EQ(bench.files.names(), "/app/alertpatterns.txt\n/app/ignorelist.txt\n");
-    EXPECT_FALSE(bench.files.folder_exists("/app/Data"));
-    EXPECT_TRUE(bench.settings.written.empty());
-    EXPECT_FALSE(bench.console.Form1.tmrAutoAudit.enabled);
-    EXPECT_TRUE(bench.console.Form3.loaded());
-    EXPECT_FALSE(bench.console.Form3->visible);
-    EXPECT_EQ(bench.console.Form1.ListView1.columns[0].width, 1500);
-    EXPECT_EQ(bench.console.Form1.SystemList.columns[7].width, 1000);
-    EXPECT_EQ(bench.console.Form1.SecPie.points, (std::vector<std::int64_t>{0, 0}));
+    EXPECT_EQ(visible_pages(rig.console.Form1), "100 1000 1000");
+    EXPECT_EQ(rig.files.names(), "/app/alertpatterns.txt\n/app/ignorelist.txt\n");
+    EXPECT_FALSE(rig.files.folder_exists("/app/Data"));
+    EXPECT_TRUE(rig.settings.written.empty());
+    EXPECT_FALSE(rig.console.Form1.tmrAutoAudit.enabled);
+    EXPECT_TRUE(rig.console.Form3.loaded());
+    EXPECT_FALSE(rig.console.Form3->visible);
+    EXPECT_EQ(rig.console.Form1.ListView1.columns[0].width, 1500);
+    EXPECT_EQ(rig.console.Form1.SystemList.columns[7].width, 1000);
+    EXPECT_EQ(rig.console.Form1.SecPie.points, (std::vector<std::int64_t>{0, 0}));
 }
 
 TEST(StartUp, SettingsAndCodeListsAreInForceAtOnce) {
-    Bench bench;
-    bench.settings.set("enscheaudit", "true");
-    bench.files.put("/app/alertpatterns.txt", "4625\r\n\r\n");
-    bench.files.put("/app/ignorelist.txt", "7036\r\n");
-    bench.run(start_up);
-    EXPECT_TRUE(bench.console.Form1.tmrAutoAudit.enabled);
-    EXPECT_EQ(drawn(bench, "AlertList IgnoreList"), R"(
+    Rig rig;
+    rig.settings.set("enscheaudit", "true");
+    rig.files.put("/app/alertpatterns.txt", "4625\r\n\r\n");
+    rig.files.put("/app/ignorelist.txt", "7036\r\n");
+    rig.run(start_up);
+    EXPECT_TRUE(rig.console.Form1.tmrAutoAudit.enabled);
+    EXPECT_EQ(drawn(rig, "AlertList IgnoreList"), R"(
 AlertList:
   0|4625
 IgnoreList:
@@ -71,35 +71,35 @@ IgnoreList:
 }
 
 TEST(StartUp, ScreenEventsPassTheFirstTimeOnly) {
-    Bench bench;
-    bench.run(start_up);
-    bench.run(start_up);
-    EXPECT_EQ(bench.windows.yields, 1);
+    Rig rig;
+    rig.run(start_up);
+    rig.run(start_up);
+    EXPECT_EQ(rig.windows.yields, 1);
 }
 
 TEST(StartUp, ActivationSetsCaptionAndAboutText) {
-    Bench bench;
-    bench.run(activate_main_form);
-    EXPECT_EQ(bench.console.Form1.caption, "Tessarine 1.3.0");
+    Rig rig;
+    rig.run(activate_main_form);
+    EXPECT_EQ(rig.console.Form1.caption, "Tessarine 1.3.0");
     const std::string about =
         "Product Information:\r\nApplication Name:\tTessarine\r\nVersion:\t1.3.0\r\n";
-    EXPECT_EQ(bench.console.AboutForm->Text1.text, about);
+    EXPECT_EQ(rig.console.AboutForm->Text1.text, about);
 
-    bench.windows.when_shown(FormId::AboutForm, [&](Console& console) {
+    rig.windows.when_shown(FormId::AboutForm, [&](Console& console) {
         EXPECT_EQ(console.AboutForm->Text1.text, about);
         console.AboutForm.unload();
     });
-    bench.run(show_about);
-    bench.run(activate_main_form);
-    EXPECT_EQ(bench.console.AboutForm->Text1.text, about);
+    rig.run(show_about);
+    rig.run(activate_main_form);
+    EXPECT_EQ(rig.console.AboutForm->Text1.text, about);
 }
 
 TEST(MainWindow, TabsTurnThePagesOfTheirOwnStrip) {
-    Bench bench;
-    bench.run(start_up);
-    MainForm& form = bench.console.Form1;
+    Rig rig;
+    rig.run(start_up);
+    MainForm& form = rig.console.Form1;
     form.TabStrip1.selected = 3;
-    bench.run(click_tab_of_left_strip);
+    rig.run(click_tab_of_left_strip);
     EXPECT_EQ(visible_pages(form), "001 1000 1000");
     const struct {
         int tab;
@@ -111,44 +111,44 @@ TEST(MainWindow, TabsTurnThePagesOfTheirOwnStrip) {
                   {1, "001 1000 1000", " System Log  "}};
     for (const auto& click : clicks) {
         form.TabStrip2.selected = click.tab;
-        bench.run(click_tab_of_right_strip);
+        rig.run(click_tab_of_right_strip);
         EXPECT_EQ(visible_pages(form), click.pages);
         EXPECT_EQ(form.lblselectedTab.caption, click.marker);
     }
 }
 
 TEST(MainWindow, ViewMenusFlipAndAreStored) {
-    Bench bench;
+    Rig rig;
     for (int click = 0; click < 2; ++click)
-        for (auto* routine : {highlightpatt, hideignore, shogrid}) bench.run(routine);
-    EXPECT_EQ(bench.settings.written,
+        for (auto* routine : {highlightpatt, hideignore, shogrid}) rig.run(routine);
+    EXPECT_EQ(rig.settings.written,
               (std::vector<std::string>{"highpat=true", "hideignore=true", "showgrid=true",
                                         "highpat=false", "hideignore=false", "showgrid=false"}));
-    bench.run(shogrid);
-    MainForm& form = bench.console.Form1;
+    rig.run(shogrid);
+    MainForm& form = rig.console.Form1;
     EXPECT_TRUE(form.SystemList.grid_lines && form.ApplicationList.grid_lines &&
                 form.SecurityList.grid_lines && form.ListView1.grid_lines);
     EXPECT_FALSE(form.ListView2.grid_lines);
-    EXPECT_EQ(drawn(bench, "shogrid highlightpatt"), "\nshogrid: checked\nhighlightpatt:\n");
+    EXPECT_EQ(drawn(rig, "shogrid highlightpatt"), "\nshogrid: checked\nhighlightpatt:\n");
 }
 
 TEST(MainWindow, HelpIsOpenedAndExitUnloadsEverything) {
-    Bench bench;
-    bench.run(open_help);
-    EXPECT_EQ(bench.shell.opened, std::vector<std::string>{"/app/Tessarine.chm"});
-    bench.run(activate_main_form);
-    bench.console.Form3.get();
-    bench.console.Form4.get();
-    bench.run(end_console);
-    EXPECT_TRUE(bench.program.ended);
-    EXPECT_FALSE(bench.console.Form1.loaded || bench.console.Form3.loaded() ||
-                 bench.console.Form4.loaded() || bench.console.AboutForm.loaded());
-    EXPECT_TRUE(bench.dialogs.messages.empty() && bench.settings.written.empty());
+    Rig rig;
+    rig.run(open_help);
+    EXPECT_EQ(rig.shell.opened, std::vector<std::string>{"/app/Tessarine.chm"});
+    rig.run(activate_main_form);
+    rig.console.Form3.get();
+    rig.console.Form4.get();
+    rig.run(end_console);
+    EXPECT_TRUE(rig.program.ended);
+    EXPECT_FALSE(rig.console.Form1.loaded || rig.console.Form3.loaded() ||
+                 rig.console.Form4.loaded() || rig.console.AboutForm.loaded());
+    EXPECT_TRUE(rig.dialogs.messages.empty() && rig.settings.written.empty());
 }
 
 TEST(Menus, EntriesHaveTheIconsOfTheirKeys) {
-    Bench bench;
-    MainForm& form = bench.console.Form1;
+    Rig rig;
+    MainForm& form = rig.console.Form1;
     set_menu_icons(form);
     std::set<std::string_view> names;
     for (const MenuTableRow& row : kMenuTable) {

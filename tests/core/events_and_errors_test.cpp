@@ -7,12 +7,12 @@
 #include "core/error_regime.h"
 #include "core/run_event.h"
 #include "core/status_bar.h"
-#include "fakes/bench.h"
+#include "fakes/rig.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
+using fakes::Rig;
 
 [[noreturn]] bool fail() {
     throw RuntimeError(ErrorNumber::FileNotFound, "File not found");
@@ -58,30 +58,30 @@ TEST(ProgressBar, TakesNoValueBeyondItsEnds) {
 }
 
 TEST(RunEvent, EndsTheProgramWithAMessageWhenARoutineFails) {
-    Bench bench;
-    bench.run([](Console& console) { console.Form3->txtHosts.text = "touched"; });
-    EXPECT_FALSE(bench.program.ended);
-    EXPECT_EQ(bench.windows.events_ended, 1);
+    Rig rig;
+    rig.run([](Console& console) { console.Form3->txtHosts.text = "touched"; });
+    EXPECT_FALSE(rig.program.ended);
+    EXPECT_EQ(rig.windows.events_ended, 1);
 
-    bench.console.mouse_pointer = kPointerHourglass;
-    bench.run([](Console&) { fail(); });
-    EXPECT_TRUE(bench.program.ended);
-    EXPECT_EQ(bench.dialogs.messages.back(),
+    rig.console.mouse_pointer = kPointerHourglass;
+    rig.run([](Console&) { fail(); });
+    EXPECT_TRUE(rig.program.ended);
+    EXPECT_EQ(rig.dialogs.messages.back(),
               (fakes::ScriptedDialogs::Message{"Run-time error '53':\r\n\r\nFile not found",
                                                MessageStyle::Critical}));
-    EXPECT_EQ(bench.console.mouse_pointer, kPointerDefault);
-    EXPECT_FALSE(bench.console.Form3.loaded());
-    EXPECT_EQ(bench.windows.events_ended, 2);
+    EXPECT_EQ(rig.console.mouse_pointer, kPointerDefault);
+    EXPECT_FALSE(rig.console.Form3.loaded());
+    EXPECT_EQ(rig.windows.events_ended, 2);
 }
 
 TEST(RunEvent, LetsNoExceptionOfAnyKindOut) {
     const std::function<void(Console&)> routines[] = {
         [](Console&) { throw std::bad_alloc(); }, [](Console&) { throw std::logic_error("x"); }};
     for (const auto& routine : routines) {
-        Bench bench;
-        bench.run(routine);
-        EXPECT_TRUE(bench.program.ended);
-        EXPECT_EQ(bench.dialogs.messages.size(), 1u);
+        Rig rig;
+        rig.run(routine);
+        EXPECT_TRUE(rig.program.ended);
+        EXPECT_EQ(rig.dialogs.messages.size(), 1u);
     }
 }
 

@@ -3,25 +3,25 @@
 #include <gtest/gtest.h>
 
 #include "core/scramble.h"
-#include "fakes/bench.h"
 #include "fakes/drawn.h"
+#include "fakes/rig.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
 using fakes::drawn;
+using fakes::Rig;
 
 TEST(SettingsStore, EmptyStoreGivesTheDefaults) {
-    Bench bench;
-    auto& form = bench.console.Form3;
+    Rig rig;
+    auto& form = rig.console.Form3;
     EXPECT_EQ(form->txtLogPath.text, "/app\\");
     EXPECT_EQ(form->txtArchivePath.text, "/app\\");
     EXPECT_TRUE(form->optOverwrite.value);
     EXPECT_EQ(form->txtHour.text + ":" + form->txtMin.text + " " + form->txtretlog.text, "00:00 ");
     EXPECT_EQ(form->TxtUsername.text + form->txtHosts.text + form->txtRecipient.text, "");
     EXPECT_EQ(form->Check1.value + form->Check6.value + form->chkEnableschedule.value, 0);
-    EXPECT_EQ(drawn(bench, "shogrid highlightpatt hideignore"), R"(
+    EXPECT_EQ(drawn(rig, "shogrid highlightpatt hideignore"), R"(
 shogrid:
 highlightpatt:
 hideignore:
@@ -30,15 +30,15 @@ hideignore:
 
 // KEEP(absent-password-reads-scrambled)
 TEST(SettingsStore, AbsentPasswordIsNineScrambledCharacters) {
-    Bench bench;
-    EXPECT_EQ(bench.console.Form3->TxtPassword.text.text(), Scramble("Not Found", kScrambleKey));
-    bench.console.Form3.unload();
-    bench.settings.set("altpass", "");
-    EXPECT_EQ(bench.console.Form3->TxtPassword.text.text(), "");
+    Rig rig;
+    EXPECT_EQ(rig.console.Form3->TxtPassword.text.text(), Scramble("Not Found", kScrambleKey));
+    rig.console.Form3.unload();
+    rig.settings.set("altpass", "");
+    EXPECT_EQ(rig.console.Form3->TxtPassword.text.text(), "");
 }
 
 TEST(SettingsStore, StoredValuesReachTheirControls) {
-    Bench bench;
+    Rig rig;
     const std::pair<const char*, std::string> values[] = {
         {"LogPath", "/logs\\"},
         {"ArcPath", "/arc"},
@@ -57,10 +57,10 @@ TEST(SettingsStore, StoredValuesReachTheirControls) {
         {"highpat", "true"},
         {"hideignore", "true"},
         {"altpass", Scramble(std::string("p\0w", 3), kScrambleKey)}};
-    for (const auto& [name, text] : values) bench.settings.set(name, text);
-    LoadSettings(bench.console);
+    for (const auto& [name, text] : values) rig.settings.set(name, text);
+    LoadSettings(rig.console);
 
-    SettingsForm& form = bench.console.Form3.get();
+    SettingsForm& form = rig.console.Form3.get();
     EXPECT_EQ(form.txtLogPath.text + " " + form.txtArchivePath.text, "/logs\\ /arc");
     EXPECT_TRUE(form.optMove.value);
     EXPECT_FALSE(form.optOverwrite.value) << "one of the three options is on";
@@ -72,10 +72,10 @@ TEST(SettingsStore, StoredValuesReachTheirControls) {
     EXPECT_EQ(form.UpDown2.value, 12);
     EXPECT_EQ(form.txtHosts.text, "/h.txt");
     EXPECT_EQ(form.Check1.value + form.Check6.value + form.chkEnableschedule.value, 3);
-    EXPECT_TRUE(bench.console.Form1.SecurityList.grid_lines);
-    EXPECT_TRUE(bench.console.Form1.ListView1.grid_lines);
-    EXPECT_FALSE(bench.console.Form1.ListView2.grid_lines);
-    EXPECT_EQ(drawn(bench, "shogrid highlightpatt hideignore"), R"(
+    EXPECT_TRUE(rig.console.Form1.SecurityList.grid_lines);
+    EXPECT_TRUE(rig.console.Form1.ListView1.grid_lines);
+    EXPECT_FALSE(rig.console.Form1.ListView2.grid_lines);
+    EXPECT_EQ(drawn(rig, "shogrid highlightpatt hideignore"), R"(
 shogrid: checked
 highlightpatt: checked
 hideignore: checked
@@ -83,32 +83,32 @@ hideignore: checked
 }
 
 TEST(SettingsStore, WordsAreTakenExactly) {
-    Bench bench;
-    bench.settings.set("AuditOpt", "Move");
-    bench.settings.set("enscheaudit", "TRUE");
-    bench.settings.set("autoauditat", "8");
-    EXPECT_TRUE(bench.console.Form3->optOverwrite.value);
-    EXPECT_EQ(bench.console.Form3->chkEnableschedule.value, 0);
-    EXPECT_EQ(bench.console.Form3->txtHour.text, "8");
-    EXPECT_EQ(bench.console.Form3->txtMin.text, "");
+    Rig rig;
+    rig.settings.set("AuditOpt", "Move");
+    rig.settings.set("enscheaudit", "TRUE");
+    rig.settings.set("autoauditat", "8");
+    EXPECT_TRUE(rig.console.Form3->optOverwrite.value);
+    EXPECT_EQ(rig.console.Form3->chkEnableschedule.value, 0);
+    EXPECT_EQ(rig.console.Form3->txtHour.text, "8");
+    EXPECT_EQ(rig.console.Form3->txtMin.text, "");
 }
 
 TEST(SettingsStore, UnsavedChangesEndWithTheForm) {
-    Bench bench;
-    bench.console.Form3->txtLogPath.text = "/elsewhere";
-    EXPECT_EQ(bench.console.Form3->txtLogPath.text, "/elsewhere");
-    bench.console.Form3.unload();
-    EXPECT_EQ(bench.console.Form3->txtLogPath.text, "/app\\");
+    Rig rig;
+    rig.console.Form3->txtLogPath.text = "/elsewhere";
+    EXPECT_EQ(rig.console.Form3->txtLogPath.text, "/elsewhere");
+    rig.console.Form3.unload();
+    EXPECT_EQ(rig.console.Form3->txtLogPath.text, "/app\\");
 }
 
 // KEEP(number-values-read-as-three-digits)
 TEST(SettingsStore, ReadsEveryTypeAsText) {
-    Bench bench;
+    Rig rig;
     const auto read = [&](const StoredValue& value) {
-        bench.settings.put("x", value);
-        return ReadValue(bench.console, "X");
+        rig.settings.put("x", value);
+        return ReadValue(rig.console, "X");
     };
-    EXPECT_EQ(ReadValue(bench.console, "x"), "Not Found");
+    EXPECT_EQ(ReadValue(rig.console, "x"), "Not Found");
     EXPECT_EQ(read({ValueType::Number, {"\x07\0\0\0", 4}}), "007");
     EXPECT_EQ(read({ValueType::Number, {"\xD2\x04\0\0", 4}}), "123");
     EXPECT_EQ(read({ValueType::Binary, "\x0A\xFF"}), "0AFF");
@@ -118,15 +118,15 @@ TEST(SettingsStore, ReadsEveryTypeAsText) {
 }
 
 TEST(SettingsStore, WritesWhatItReadsAndKeepsQuietWhenRefused) {
-    Bench bench;
+    Rig rig;
     const std::string text("a\0b\xE4", 4);
-    WriteValue(bench.console, "LogPath", ValueType::Text, text);
-    EXPECT_EQ(ReadValue(bench.console, "logpath"), text);
-    WriteValue(bench.console, "n", ValueType::Number, "65");
-    EXPECT_EQ(ReadValue(bench.console, "n"), "065");
-    bench.settings.refuses_writes = true;
-    EXPECT_NO_THROW(WriteValue(bench.console, "LogPath", ValueType::Text, "new"));
-    EXPECT_EQ(ReadValue(bench.console, "LogPath"), text);
+    WriteValue(rig.console, "LogPath", ValueType::Text, text);
+    EXPECT_EQ(ReadValue(rig.console, "logpath"), text);
+    WriteValue(rig.console, "n", ValueType::Number, "65");
+    EXPECT_EQ(ReadValue(rig.console, "n"), "065");
+    rig.settings.refuses_writes = true;
+    EXPECT_NO_THROW(WriteValue(rig.console, "LogPath", ValueType::Text, "new"));
+    EXPECT_EQ(ReadValue(rig.console, "LogPath"), text);
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include "core/code_page.h"
 #include "core/menus.h"
 #include "core/text.h"
-#include "fakes/bench.h"
+#include "fakes/rig.h"
 
 namespace tessarine::fakes {
 namespace {
@@ -109,11 +109,11 @@ std::string line_of(MainForm& form, const std::string& wanted) {
 
 }  // namespace
 
-std::string drawn(Bench& bench, std::string_view names) {
+std::string drawn(Rig& rig, std::string_view names) {
     std::string result = "\n";
     std::istringstream words{std::string(names)};
     for (std::string name; words >> name;) {
-        const std::string line = line_of(bench.console.Form1, name);
+        const std::string line = line_of(rig.console.Form1, name);
         if (line.empty()) ADD_FAILURE() << "Form1 has no control " << name;
         result += line;
     }

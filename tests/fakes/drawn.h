@@ -10,7 +10,7 @@ struct Chart;
 
 namespace tessarine::fakes {
 
-struct Bench;
+struct Rig;
 
 /// The controls of Form1 that are named, with blanks between, in UTF-8; an unknown name fails the
 /// test. The text begins with a line end, so that a raw string may. Line ends inside a text show as
@@ -27,7 +27,7 @@ struct Bench;
 ///     shogrid: checked           menu entries
 ///     Option1: on                one of several
 ///     sysPie: bars Error=3 Information=0 Warning=12
-std::string drawn(Bench& bench, std::string_view names);
+std::string drawn(Rig& rig, std::string_view names);
 
 /// A chart alone, as it stands behind its name.
 std::string drawn(const Chart& chart);

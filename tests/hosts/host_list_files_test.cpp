@@ -2,24 +2,24 @@
 
 #include <gmock/gmock.h>
 
-#include "fakes/bench.h"
 #include "fakes/drawn.h"
+#include "fakes/rig.h"
 #include "hosts/preaudited_hosts.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
 using fakes::drawn;
 using fakes::FileStep;
+using fakes::Rig;
 
 TEST(HostListFiles, LoadingTakesEveryLineThatIsNotEmpty) {
-    Bench bench;
-    bench.list_hosts({"OLD"});
-    bench.files.put("/hosts.txt", "pc1\r\n\r\nPC2\r\n  \\\\pc3 # note\nb\xFCro\rlast");
-    bench.dialogs.choose_file_next("/hosts.txt");
-    bench.run(loadfrmlist);
-    EXPECT_EQ(drawn(bench, "ListView1 st1"), R"(
+    Rig rig;
+    rig.list_hosts({"OLD"});
+    rig.files.put("/hosts.txt", "pc1\r\n\r\nPC2\r\n  \\\\pc3 # note\nb\xFCro\rlast");
+    rig.dialogs.choose_file_next("/hosts.txt");
+    rig.run(loadfrmlist);
+    EXPECT_EQ(drawn(rig, "ListView1 st1"), R"(
 ListView1:
   1|PC1|-
   1|PC2|-
@@ -28,86 +28,86 @@ ListView1:
   1|LAST|-
 st1: [][][][5 hosts][]
 )");
-    EXPECT_EQ(bench.dialogs.choices.at(0),
+    EXPECT_EQ(rig.dialogs.choices.at(0),
               (fakes::ScriptedDialogs::FileChoice{
                   "c:\\", "Text File (*.txt)=*.txt;All Files (*.*)=*.*;", ""}));
 }
 
 TEST(HostListFiles, CancelKeepsTheListAndFailuresShortenIt) {
-    Bench bench;
-    bench.list_hosts({"A", "B"});
-    bench.dialogs.choose_file_next("");
-    bench.run(loadfrmlist);
-    EXPECT_EQ(drawn(bench, "ListView1 st1"),
+    Rig rig;
+    rig.list_hosts({"A", "B"});
+    rig.dialogs.choose_file_next("");
+    rig.run(loadfrmlist);
+    EXPECT_EQ(drawn(rig, "ListView1 st1"),
               "\nListView1:\n  1|A|-\n  1|B|-\nst1: [][][][2 hosts][]\n");
 
-    bench.files.put("/hosts.txt", "pc1\r\n");
-    bench.files.fail_next(FileStep::Read, "/hosts.txt", "Device I/O error");
+    rig.files.put("/hosts.txt", "pc1\r\n");
+    rig.files.fail_next(FileStep::Read, "/hosts.txt", "Device I/O error");
     for (const char* path : {"/hosts.txt", "/none.txt"}) {
-        bench.dialogs.choose_file_next(path);
-        bench.run(loadfrmlist);
-        EXPECT_EQ(drawn(bench, "ListView1 st1"), "\nListView1:\nst1: [][][][0 hosts][]\n");
+        rig.dialogs.choose_file_next(path);
+        rig.run(loadfrmlist);
+        EXPECT_EQ(drawn(rig, "ListView1 st1"), "\nListView1:\nst1: [][][][0 hosts][]\n");
     }
-    EXPECT_TRUE(bench.dialogs.messages.empty());
+    EXPECT_TRUE(rig.dialogs.messages.empty());
 }
 
 // KEEP(export-always-adds-txt)
 TEST(HostListFiles, ExportWritesNamesUnderTheChosenNameAndTxt) {
-    Bench bench;
-    bench.run(exporthostlist);
-    EXPECT_EQ(bench.console.Form1.st1.text(1), "Populate the hosts for exporting...");
-    EXPECT_TRUE(bench.dialogs.choices.empty());
+    Rig rig;
+    rig.run(exporthostlist);
+    EXPECT_EQ(rig.console.Form1.st1.text(1), "Populate the hosts for exporting...");
+    EXPECT_TRUE(rig.dialogs.choices.empty());
 
-    bench.list_hosts({"PC1", "", "\\\\PC2"});
-    bench.console.Form1.ListView1.row(1).set_report_icon(1, 8);
-    bench.files.put("/list.txt.txt", "old and much longer than the new content");
-    bench.dialogs.choose_file_next("/list.txt");
-    bench.run(exporthostlist);
-    EXPECT_EQ(bench.files.names(), "/list.txt.txt\n");
-    EXPECT_EQ(bench.files.bytes("/list.txt.txt"), "PC1\r\n\r\n\\\\PC2\r\n");
-    EXPECT_EQ(bench.console.Form1.st1.text(1), "Hosts list exported...");
-    EXPECT_EQ(bench.dialogs.choices.at(0).title, "Save to..");
+    rig.list_hosts({"PC1", "", "\\\\PC2"});
+    rig.console.Form1.ListView1.row(1).set_report_icon(1, 8);
+    rig.files.put("/list.txt.txt", "old and much longer than the new content");
+    rig.dialogs.choose_file_next("/list.txt");
+    rig.run(exporthostlist);
+    EXPECT_EQ(rig.files.names(), "/list.txt.txt\n");
+    EXPECT_EQ(rig.files.bytes("/list.txt.txt"), "PC1\r\n\r\n\\\\PC2\r\n");
+    EXPECT_EQ(rig.console.Form1.st1.text(1), "Hosts list exported...");
+    EXPECT_EQ(rig.dialogs.choices.at(0).title, "Save to..");
 
-    bench.dialogs.choose_file_next("");
-    bench.run(exporthostlist);
-    EXPECT_EQ(bench.console.Form1.st1.text(1), "");
+    rig.dialogs.choose_file_next("");
+    rig.run(exporthostlist);
+    EXPECT_EQ(rig.console.Form1.st1.text(1), "");
 }
 
 // KEEP(export-always-reports-success)
 TEST(HostListFiles, ExportGoesOnOverEveryFailure) {
     for (const FileStep step : {FileStep::Open, FileStep::Write, FileStep::Close}) {
-        Bench bench;
-        bench.list_hosts({"PC1", "PC2"});
-        bench.files.fail_next(step, "", "refused");
-        bench.dialogs.choose_file_next("/list");
-        bench.run(exporthostlist);
-        EXPECT_FALSE(bench.program.ended);
-        EXPECT_EQ(bench.console.Form1.st1.text(1), "Hosts list exported...");
+        Rig rig;
+        rig.list_hosts({"PC1", "PC2"});
+        rig.files.fail_next(step, "", "refused");
+        rig.dialogs.choose_file_next("/list");
+        rig.run(exporthostlist);
+        EXPECT_FALSE(rig.program.ended);
+        EXPECT_EQ(rig.console.Form1.st1.text(1), "Hosts list exported...");
         if (step == FileStep::Open) {
-            EXPECT_EQ(bench.files.names(), "");
+            EXPECT_EQ(rig.files.names(), "");
         } else {
-            EXPECT_THAT(bench.files.bytes("/list.txt"), testing::EndsWith("PC2\r\n"));
+            EXPECT_THAT(rig.files.bytes("/list.txt"), testing::EndsWith("PC2\r\n"));
         }
-        EXPECT_EQ(bench.files.open_files(), 0);
+        EXPECT_EQ(rig.files.open_files(), 0);
     }
 }
 
 TEST(BrowseForFile, ReadsItsListOfFilters) {
-    Bench bench;
+    Rig rig;
     const std::pair<const char*, const char*> lists[] = {
         {"", "All Files (*.*)=*.*;"},
         {"Text|*.txt", "Text=*.txt;All Files (*.*)=*.*;"},
         {"Text;*.txt|Logs|*.log;", "Text=*.txt;Logs=*.log;All Files (*.*)=*.*;"}};
     for (const auto& [list, filters] : lists) {
-        bench.dialogs.choose_file_next("/chosen");
-        EXPECT_EQ(BrowseForFile(bench.console, "c:\\", list, "Title"), "/chosen");
-        EXPECT_EQ(bench.dialogs.choices.back().filters, filters);
+        rig.dialogs.choose_file_next("/chosen");
+        EXPECT_EQ(BrowseForFile(rig.console, "c:\\", list, "Title"), "/chosen");
+        EXPECT_EQ(rig.dialogs.choices.back().filters, filters);
     }
 }
 
 TEST(PreAuditedHosts, ComeFromLogsThatAreNotEmpty) {
-    Bench bench;
-    bench.list_hosts({"OLD"});
+    Rig rig;
+    rig.list_hosts({"OLD"});
     const std::pair<const char*, const char*> files[] = {
         {"pc1_system.log", "x"},     {"PC2_system.log", "x"},
         {"PC1_security.log", "x"},   {"Pc1_APPLICATION.LOG", "x"},
@@ -116,10 +116,9 @@ TEST(PreAuditedHosts, ComeFromLogsThatAreNotEmpty) {
         {"notes.log", "x"},          {"a_system.log_security.log", "x"},
         {"notes.txt", "x"},          {"sub/PC5_system.log", "x"},
         {"B\xDCRO_system.log", "x"}, {"b\xFCro_security.log", "x"}};
-    for (const auto& [name, bytes] : files)
-        bench.files.put(std::string("/app/Data/") + name, bytes);
-    bench.run(LoadPreAuditedHosts);
-    EXPECT_EQ(drawn(bench, "ListView1 st1"), R"(
+    for (const auto& [name, bytes] : files) rig.files.put(std::string("/app/Data/") + name, bytes);
+    rig.run(LoadPreAuditedHosts);
+    EXPECT_EQ(drawn(rig, "ListView1 st1"), R"(
 ListView1:
   1|pc1|-
   1|PC2|-
@@ -132,14 +131,14 @@ st1: [][][][6 hosts][]
 }
 
 TEST(PreAuditedHosts, EmptyAndMissingStoresClearTheList) {
-    Bench bench;
-    bench.list_hosts({"OLD"});
-    EXPECT_THROW(LoadPreAuditedHosts(bench.console), RuntimeError);
-    EXPECT_EQ(bench.console.Form1.ListView1.count(), 0);
-    EXPECT_EQ(bench.console.Form1.st1.text(4), "");
-    bench.files.make_folders("/app/Data");
-    bench.run(LoadPreAuditedHosts);
-    EXPECT_EQ(bench.console.Form1.st1.text(4), "0 hosts");
+    Rig rig;
+    rig.list_hosts({"OLD"});
+    EXPECT_THROW(LoadPreAuditedHosts(rig.console), RuntimeError);
+    EXPECT_EQ(rig.console.Form1.ListView1.count(), 0);
+    EXPECT_EQ(rig.console.Form1.st1.text(4), "");
+    rig.files.make_folders("/app/Data");
+    rig.run(LoadPreAuditedHosts);
+    EXPECT_EQ(rig.console.Form1.st1.text(4), "0 hosts");
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 
 #include "audit/custom_audit.h"
 #include "network/fault_cases.h"
-#include "network/wire_bench.h"
+#include "network/wire_rig.h"
 #include "sample_network/faults/fault_hosts.h"
 
 namespace tessarine {
@@ -42,9 +42,9 @@ int count_of(const Steps& steps, Moment step) {
 }
 
 // Lets nothing take long; an endless host gets a little disk.
-void be_impatient(WireBench& bench) {
-    bench.options().operation_timeout = std::chrono::seconds(1);
-    bench.options().query_limits.bytes = 4'000'000;
+void be_impatient(WireRig& rig) {
+    rig.options().operation_timeout = std::chrono::seconds(1);
+    rig.options().query_limits.bytes = 4'000'000;
 }
 
 std::string test_name(const auto& each) {
@@ -55,16 +55,16 @@ std::string test_name(const auto& each) {
 
 void expect_failure(const FaultCase& expected) {
     Steps steps{};
-    WireBench bench({host_with(expected.fault, &steps)});
-    be_impatient(bench);
-    std::filesystem::create_directories(bench.log_of("PC1", "system").parent_path());
-    for (const char* log : kLogs) std::ofstream(bench.log_of("PC1", log)) << "kept";
+    WireRig rig({host_with(expected.fault, &steps)});
+    be_impatient(rig);
+    std::filesystem::create_directories(rig.log_of("PC1", "system").parent_path());
+    for (const char* log : kLogs) std::ofstream(rig.log_of("PC1", log)) << "kept";
 
-    bench.audit("PC1");
-    EXPECT_THAT(bench.outcome(), testing::StartsWith("error: "));
-    EXPECT_THAT(bench.outcome(), testing::HasSubstr(std::string(expected.error)));
-    EXPECT_THAT(bench.outcome(), testing::Not(testing::ContainsRegex("[\r\n]")));
-    for (const char* log : kLogs) EXPECT_EQ(bench.bytes_of("PC1", log), "kept");
+    rig.audit("PC1");
+    EXPECT_THAT(rig.outcome(), testing::StartsWith("error: "));
+    EXPECT_THAT(rig.outcome(), testing::HasSubstr(std::string(expected.error)));
+    EXPECT_THAT(rig.outcome(), testing::Not(testing::ContainsRegex("[\r\n]")));
+    for (const char* log : kLogs) EXPECT_EQ(rig.bytes_of("PC1", log), "kept");
     // The host closes the one that asks how to sign in.
     EXPECT_LE(count_of(steps, Moment::Connect), 2);
     EXPECT_EQ(count_of(steps, Moment::Release), expected.parting == Parting::Release ? 1 : 0);
@@ -97,14 +97,14 @@ INSTANTIATE_TEST_SUITE_P(Audit, SilentFault, testing::ValuesIn(kSilentFaults),
 class HarmlessFault : public testing::TestWithParam<HarmlessCase> {};
 
 TEST_P(HarmlessFault, LeavesTheAuditComplete) {
-    WireBench good({host_with("")});
+    WireRig good({host_with("")});
     good.audit("PC1");
-    WireBench bench({host_with(GetParam().fault)});
-    bench.audit("PC1");
-    ASSERT_EQ(bench.outcome(), "ok: ");
-    EXPECT_EQ(bench.bytes_of("PC1", "security"), good.bytes_of("PC1", "security"));
-    EXPECT_EQ(bench.bytes_of("PC1", "application"), good.bytes_of("PC1", "application"));
-    EXPECT_EQ(bench.bytes_of("PC1", "system"),
+    WireRig rig({host_with(GetParam().fault)});
+    rig.audit("PC1");
+    ASSERT_EQ(rig.outcome(), "ok: ");
+    EXPECT_EQ(rig.bytes_of("PC1", "security"), good.bytes_of("PC1", "security"));
+    EXPECT_EQ(rig.bytes_of("PC1", "application"), good.bytes_of("PC1", "application"));
+    EXPECT_EQ(rig.bytes_of("PC1", "system"),
               std::string(GetParam().lines) + good.bytes_of("PC1", "system"));
 }
 
@@ -161,31 +161,31 @@ long peak_memory_kib() {
 }
 
 TEST_F(ManyHosts, DontKeepAnAuditFromTheGoodOne) {
-    WireBench bench(hosts_);
-    be_impatient(bench);
-    bench.list_hosts(names_);
-    bench.windows().when_shown(FormId::Form4, [](Console& console) {
+    WireRig rig(hosts_);
+    be_impatient(rig);
+    rig.list_hosts(names_);
+    rig.windows().when_shown(FormId::Form4, [](Console& console) {
         console.Form4->MonthView1.value = {2000, 1, 1};
         run_event(console, run_custom_audit);
     });
     [[maybe_unused]] const long before = peak_memory_kib();
-    run_event(bench.console, runcustomforallhosts);
+    run_event(rig.console, runcustomforallhosts);
 #ifndef __SANITIZE_ADDRESS__
     EXPECT_LT(peak_memory_kib() - before, 300 * 1024);
 #endif
 
-    const std::string log = bench.audit_log();
+    const std::string log = rig.audit_log();
     EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 41);
     for (const std::string& name : names_) {
         const std::string ending = name == "GOOD" ? " Audit ok" : " Audit Error --";
-        EXPECT_THAT(log, testing::HasSubstr(" " + bench.address_of(name) + ending));
+        EXPECT_THAT(log, testing::HasSubstr(" " + rig.address_of(name) + ending));
         if (name == "GOOD") continue;
-        for (const char* kind : kLogs) EXPECT_EQ(bench.bytes_of(name, kind), "") << name;
+        for (const char* kind : kLogs) EXPECT_EQ(rig.bytes_of(name, kind), "") << name;
     }
-    WireBench alone({host_with("")});
+    WireRig alone({host_with("")});
     alone.audit("PC1");
     for (const char* kind : kLogs)
-        EXPECT_EQ(bench.bytes_of("GOOD", kind), alone.bytes_of("PC1", kind));
+        EXPECT_EQ(rig.bytes_of("GOOD", kind), alone.bytes_of("PC1", kind));
 }
 
 }  // namespace

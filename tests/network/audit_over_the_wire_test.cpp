@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string>
 
-#include "network/wire_bench.h"
+#include "network/wire_rig.h"
 #include "sample_network/hosts/event_files.h"
 
 namespace tessarine {
@@ -21,38 +21,38 @@ std::vector<SampleHost> hosts_named(const std::vector<std::string>& names) {
 }
 
 TEST(AuditOverTheWire, AppendsDoublesAndMovesToTheByte) {
-    WireBench bench(hosts_named({"BERLIN01"}));
-    auto& settings = bench.console.Form3;
+    WireRig rig(hosts_named({"BERLIN01"}));
+    auto& settings = rig.console.Form3;
     settings->choose(settings->optAppend);
-    bench.audit("BERLIN01");
-    ASSERT_EQ(bench.outcome(), "ok: ");
-    const std::string once = bench.bytes_of("BERLIN01", "system");
+    rig.audit("BERLIN01");
+    ASSERT_EQ(rig.outcome(), "ok: ");
+    const std::string once = rig.bytes_of("BERLIN01", "system");
     EXPECT_NE(once.find("Fehler|"), std::string::npos);
-    const std::string security = bench.bytes_of("BERLIN01", "security");
+    const std::string security = rig.bytes_of("BERLIN01", "security");
     EXPECT_NE(security.find("\xDC"
                             "berwachung"),
               std::string::npos);
-    bench.audit("BERLIN01");
-    EXPECT_EQ(bench.bytes_of("BERLIN01", "system"), once + once);
-    EXPECT_EQ(bench.bytes_of("BERLIN01", "security"), security + security);
+    rig.audit("BERLIN01");
+    EXPECT_EQ(rig.bytes_of("BERLIN01", "system"), once + once);
+    EXPECT_EQ(rig.bytes_of("BERLIN01", "security"), security + security);
 
     settings->choose(settings->optMove);
-    bench.audit("BERLIN01");
-    EXPECT_EQ(bench.bytes_of("BERLIN01", "system"), once);
-    const auto archived = bench.store() / "Archive" /
-                          (bench.address_of("BERLIN01") + "_30-11-04-23-59") /
-                          (bench.address_of("BERLIN01") + "_security.log");
+    rig.audit("BERLIN01");
+    EXPECT_EQ(rig.bytes_of("BERLIN01", "system"), once);
+    const auto archived = rig.store() / "Archive" /
+                          (rig.address_of("BERLIN01") + "_30-11-04-23-59") /
+                          (rig.address_of("BERLIN01") + "_security.log");
     EXPECT_EQ(std::filesystem::file_size(archived), 2 * security.size());
 }
 
 TEST(AuditOverTheWire, ADateNarrowsWhatIsPulled) {
-    WireBench bench(hosts_named({"BERLIN01"}));
-    bench.audit("BERLIN01", "5/10/2024");
-    ASSERT_EQ(bench.outcome(), "ok: ");
-    const auto since = bench.bytes_of("BERLIN01", "system").size();
-    bench.console.Form4->chkSpecificDate.value = 1;
-    bench.audit("BERLIN01", "5/10/2024");
-    const std::string that_day = bench.bytes_of("BERLIN01", "system");
+    WireRig rig(hosts_named({"BERLIN01"}));
+    rig.audit("BERLIN01", "5/10/2024");
+    ASSERT_EQ(rig.outcome(), "ok: ");
+    const auto since = rig.bytes_of("BERLIN01", "system").size();
+    rig.console.Form4->chkSpecificDate.value = 1;
+    rig.audit("BERLIN01", "5/10/2024");
+    const std::string that_day = rig.bytes_of("BERLIN01", "system");
     EXPECT_LT(that_day.size(), since);
     EXPECT_FALSE(that_day.empty());
     EXPECT_EQ(that_day.find("|5/12/2024|"), std::string::npos);
@@ -88,29 +88,29 @@ TEST(AuditOverTheWire, ShowsTheHostsOwnWallClock) {
     std::vector<SampleHost> hosts = hosts_named({"BERLIN01", "WEBSRV02", "LOGSRV01", "BRANCH09"});
     constexpr auto kYear = std::chrono::year{2024};
     for (SampleHost& host : hosts) host.history = history_on({kYear / 1 / 15, kYear / 7 / 15});
-    WireBench bench(std::move(hosts));
+    WireRig rig(std::move(hosts));
     for (const Case& c : cases) {
-        bench.audit(c.host);
-        EXPECT_EQ(bench.outcome(), "ok: ");
+        rig.audit(c.host);
+        EXPECT_EQ(rig.outcome(), "ok: ");
         const std::string rest = "|disk|7|N/A|PC1|m\r\n";
-        EXPECT_EQ(bench.bytes_of(c.host, "system"),
+        EXPECT_EQ(rig.bytes_of(c.host, "system"),
                   "Error|" + std::string(c.january) + rest + "Error|" + c.july + rest);
     }
 }
 
 TEST(AuditOverTheWire, SaysInWordsWhyAHostGaveNothing) {
-    WireBench bench(hosts_named({"BERLIN01", "VAULT01"}));
+    WireRig rig(hosts_named({"BERLIN01", "VAULT01"}));
 
-    bench.audit("VAULT01");
-    EXPECT_NE(bench.outcome().find("denied"), std::string::npos) << bench.outcome();
+    rig.audit("VAULT01");
+    EXPECT_NE(rig.outcome().find("denied"), std::string::npos) << rig.outcome();
     for (const char* log : {"system", "application", "security"})
-        EXPECT_EQ(std::filesystem::file_size(bench.log_of("VAULT01", log)), 0u);
+        EXPECT_EQ(std::filesystem::file_size(rig.log_of("VAULT01", log)), 0u);
 
-    bench.console.Form3->TxtPassword.text = "wrong-canary-password";
-    bench.audit("BERLIN01");
-    EXPECT_NE(bench.outcome().find("refused"), std::string::npos) << bench.outcome();
-    EXPECT_EQ(bench.outcome().find("canary"), std::string::npos);
-    EXPECT_EQ(bench.outcome().rfind("error: ", 0), 0u);
+    rig.console.Form3->TxtPassword.text = "wrong-canary-password";
+    rig.audit("BERLIN01");
+    EXPECT_NE(rig.outcome().find("refused"), std::string::npos) << rig.outcome();
+    EXPECT_EQ(rig.outcome().find("canary"), std::string::npos);
+    EXPECT_EQ(rig.outcome().rfind("error: ", 0), 0u);
 }
 
 // The store must hold exactly the records of the sample files; a script of its own compares them.
@@ -121,16 +121,15 @@ TEST(AuditOverTheWire, KeepsEveryRecordOfTheSampleEvents) {
     std::vector<SampleHost> hosts = sample::hosts_from_files(events);
     std::vector<std::string> names;
     for (const SampleHost& host : hosts) names.push_back(host.name);
-    WireBench bench(std::move(hosts));
+    WireRig rig(std::move(hosts));
     std::string pairs;
     for (const std::string& name : names) {
-        bench.audit(name);
-        EXPECT_EQ(bench.outcome(), "ok: ") << name;
-        pairs += " '" + name + "=" + bench.address_of(name) + "'";
+        rig.audit(name);
+        EXPECT_EQ(rig.outcome(), "ok: ") << name;
+        pairs += " '" + name + "=" + rig.address_of(name) + "'";
     }
     const std::string check = "python3 '" + (source / "tests/network/check_store.py").string() +
-                              "' '" + events.string() + "' '" + bench.store().string() + "'" +
-                              pairs;
+                              "' '" + events.string() + "' '" + rig.store().string() + "'" + pairs;
     EXPECT_EQ(std::system(check.c_str()), 0);
 }
 

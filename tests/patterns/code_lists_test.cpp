@@ -3,15 +3,15 @@
 #include <gtest/gtest.h>
 
 #include "core/code_page.h"
-#include "fakes/bench.h"
 #include "fakes/drawn.h"
+#include "fakes/rig.h"
 #include "store/event_record.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
 using fakes::drawn;
+using fakes::Rig;
 
 /// One of the two lists with its routines, for what must be the same in both.
 struct Side {
@@ -38,23 +38,23 @@ const Side kSides[] = {
 class CodeLists : public testing::TestWithParam<Side> {
   protected:
     void start_with(const std::string& bytes) {
-        bench.files.put(side.path, bytes);
-        bench.run(side.load);
+        rig.files.put(side.path, bytes);
+        rig.run(side.load);
     }
     void type(void (*routine)(Console&), const std::string& text) {
-        (bench.console.Form1.*side.field).text = text;
-        bench.run(routine);
-        EXPECT_EQ((bench.console.Form1.*side.field).text, "");
+        (rig.console.Form1.*side.field).text = text;
+        rig.run(routine);
+        EXPECT_EQ((rig.console.Form1.*side.field).text, "");
     }
-    std::string file() { return bench.files.bytes(side.path); }
+    std::string file() { return rig.files.bytes(side.path); }
     std::string rows() {
         std::string text;
-        ListControl& list = bench.console.Form1.*side.list;
+        ListControl& list = rig.console.Form1.*side.list;
         for (int row = 1; row <= list.count(); ++row) text.append(list.row(row).text()) += ",";
         return text;
     }
 
-    Bench bench;
+    Rig rig;
     const Side& side = GetParam();
 };
 
@@ -78,12 +78,12 @@ TEST_P(CodeLists, AdditionsLeaveBlankLinesAndDuplicates) {
     type(side.add, "1000");
     EXPECT_EQ(file(), "7036\r\n1000\r\n\r\n1000\r\n\r\n");
     EXPECT_EQ(rows(), "7036,1000,1000,");
-    EXPECT_EQ(drawn(bench, "st1"), "\nst1: [][][][][]\n");
+    EXPECT_EQ(drawn(rig, "st1"), "\nst1: [][][][][]\n");
 }
 
 TEST_P(CodeLists, RemovalTakesEveryEqualEntryAndTheBlankLines) {
     start_with("abc\r\n\r\n1000\r\n\r\nAbC\r\n\r\n10\r\n\r\n");
-    Bench::select(bench.console.Form1.*side.list, {2});
+    Rig::select(rig.console.Form1.*side.list, {2});
     type(side.remove, "ABC");
     EXPECT_EQ(file(), "1000\r\n10\r\n\r\n\r\n");
     type(side.remove, "");
@@ -98,60 +98,60 @@ TEST_P(CodeLists, RemovalTakesEveryEqualEntryAndTheBlankLines) {
 TEST_P(CodeLists, MissingFileIsCreatedEmptyAndTheRowsStay) {
     for (auto* routine : {side.add, side.remove}) {
         start_with("7036\r\n");
-        bench.files.remove(side.path);
+        rig.files.remove(side.path);
         type(routine, "7036");
         EXPECT_EQ(file(), "");
         EXPECT_EQ(rows(), "7036,");
-        EXPECT_EQ(bench.console.Form1.st1.text(1), side.missing_text);
+        EXPECT_EQ(rig.console.Form1.st1.text(1), side.missing_text);
     }
 }
 
 TEST_P(CodeLists, ClickOnARowCopiesItToTheField) {
     start_with("7036\r\n  x \r\n");
-    Bench::select(bench.console.Form1.*side.list, {2});
-    bench.run(side.pick);
-    EXPECT_EQ((bench.console.Form1.*side.field).text, "  x ");
+    Rig::select(rig.console.Form1.*side.list, {2});
+    rig.run(side.pick);
+    EXPECT_EQ((rig.console.Form1.*side.field).text, "  x ");
 }
 
 TEST_P(CodeLists, FailuresOfTheFileAreTheDefaultFailure) {
     start_with("7036\r\n");
-    bench.files.set_read_only(side.path);
-    (bench.console.Form1.*side.field).text = "1000";
-    EXPECT_THROW(side.add(bench.console), RuntimeError);
+    rig.files.set_read_only(side.path);
+    (rig.console.Form1.*side.field).text = "1000";
+    EXPECT_THROW(side.add(rig.console), RuntimeError);
     EXPECT_EQ(file(), "7036\r\n");
     EXPECT_EQ(rows(), "7036,");
-    EXPECT_EQ(bench.files.open_files(), 0);
+    EXPECT_EQ(rig.files.open_files(), 0);
 }
 
 TEST_P(CodeLists, TooManyEntriesToWalkAreNotLost) {
     std::string bytes;
     for (int i = 0; i < 32'768; ++i) bytes += "1\r\n";
     start_with(bytes);
-    (bench.console.Form1.*side.field).text = "1";
-    EXPECT_THROW(side.remove(bench.console), RuntimeError);
+    (rig.console.Form1.*side.field).text = "1";
+    EXPECT_THROW(side.remove(rig.console), RuntimeError);
     EXPECT_EQ(file().size(), bytes.size());
-    (bench.console.Form1.*side.list).remove_row(1);
+    (rig.console.Form1.*side.list).remove_row(1);
     type(side.remove, "1");
     EXPECT_EQ(file(), "\r\n\r\n");
 }
 
 // KEEP(an-empty-alert-pattern-is-added)
 TEST(CodeListFields, OnlyTheIgnoreSideRefusesAnEmptyField) {
-    Bench bench;
-    bench.files.put("/app/alertpatterns.txt", "1\r\n");
-    bench.files.put("/app/ignorelist.txt", "1\r\n");
-    bench.run(add_alert_pattern);
-    bench.run(add_ignored_code);
-    EXPECT_EQ(bench.files.bytes("/app/alertpatterns.txt"), "1\r\n\r\n\r\n");
-    EXPECT_EQ(bench.files.bytes("/app/ignorelist.txt"), "1\r\n");
-    EXPECT_EQ(drawn(bench, "AlertList IgnoreList"), "\nAlertList:\n  0|1\nIgnoreList:\n");
+    Rig rig;
+    rig.files.put("/app/alertpatterns.txt", "1\r\n");
+    rig.files.put("/app/ignorelist.txt", "1\r\n");
+    rig.run(add_alert_pattern);
+    rig.run(add_ignored_code);
+    EXPECT_EQ(rig.files.bytes("/app/alertpatterns.txt"), "1\r\n\r\n\r\n");
+    EXPECT_EQ(rig.files.bytes("/app/ignorelist.txt"), "1\r\n");
+    EXPECT_EQ(drawn(rig, "AlertList IgnoreList"), "\nAlertList:\n  0|1\nIgnoreList:\n");
 }
 
 TEST(CodeListMenus, TakeTheCodeOfTheTableThatShows) {
-    Bench bench;
-    bench.run(LoadAlertPatterns);
-    bench.run(LoadIgnoreList);
-    MainForm& form = bench.console.Form1;
+    Rig rig;
+    rig.run(LoadAlertPatterns);
+    rig.run(LoadIgnoreList);
+    MainForm& form = rig.console.Form1;
     const std::pair<const char*, ListControl*> tables[] = {
         {" system LOG  ", &form.SystemList},
         {" Application Log", &form.ApplicationList},
@@ -163,38 +163,38 @@ TEST(CodeListMenus, TakeTheCodeOfTheTableThatShows) {
                 std::string(word) + "|1/1/2004|1:00|Src|" + std::to_string(++code) + "|u|c|m";
             table->add_record_row(EventRecord(line).text(), 4);
         }
-        Bench::select(*table, {2});
+        Rig::select(*table, {2});
         form.lblselectedTab.caption = caption;
-        bench.run(addtohighlightlist);
-        bench.run(addtoignore);
+        rig.run(addtohighlightlist);
+        rig.run(addtoignore);
     }
     form.lblselectedTab.caption = "System Log";
-    bench.run(addtoignore);
-    EXPECT_EQ(bench.files.bytes("/app/alertpatterns.txt"), "102\r\n\r\n104\r\n\r\n106\r\n\r\n");
-    EXPECT_EQ(drawn(bench, "IgnoreList"), "\nIgnoreList:\n  0|102\n  0|104\n  0|106\n");
+    rig.run(addtoignore);
+    EXPECT_EQ(rig.files.bytes("/app/alertpatterns.txt"), "102\r\n\r\n104\r\n\r\n106\r\n\r\n");
+    EXPECT_EQ(drawn(rig, "IgnoreList"), "\nIgnoreList:\n  0|102\n  0|104\n  0|106\n");
 
     form.lblselectedTab.caption = " System Log  ";
-    Bench::select(form.SystemList, {});
-    EXPECT_THROW(addtoignore(bench.console), RuntimeError);
+    Rig::select(form.SystemList, {});
+    EXPECT_THROW(addtoignore(rig.console), RuntimeError);
     EXPECT_EQ(form.IgnoreList.count(), 3);
 }
 
 // KEEP(no-highlighting-from-the-security-analysis)
 TEST(CodeListMenus, AnalysisOfTheSecurityLogAddsNothing) {
-    Bench bench;
-    bench.run(LoadAlertPatterns);
-    MainForm& form = bench.console.Form1;
+    Rig rig;
+    rig.run(LoadAlertPatterns);
+    MainForm& form = rig.console.Form1;
     int code = 0;
     for (ListControl* table : {&form.ListView2, &form.ListView3, &form.ListView4}) {
         table->add_row(std::to_string(++code), 0);
-        Bench::select(*table, {1});
+        Rig::select(*table, {1});
     }
     for (const char* marker : {"list4", "list2", "", "LIST3"}) {
         form.lblselectedTab2.caption = marker;
-        bench.run(addtohighlightlist3);
+        rig.run(addtohighlightlist3);
     }
-    EXPECT_FALSE(bench.program.ended);
-    EXPECT_EQ(bench.files.bytes("/app/alertpatterns.txt"), "1\r\n\r\n2\r\n\r\n");
+    EXPECT_FALSE(rig.program.ended);
+    EXPECT_EQ(rig.files.bytes("/app/alertpatterns.txt"), "1\r\n\r\n2\r\n\r\n");
 }
 
 }  // namespace

@@ -4,15 +4,15 @@
 
 #include <string>
 
-#include "fakes/bench.h"
 #include "fakes/golden.h"
+#include "fakes/rig.h"
 #include "store/event_record.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
 using fakes::golden;
+using fakes::Rig;
 
 constexpr const char* kPage = "/app/tempop.html";
 
@@ -22,8 +22,8 @@ void add(ListControl& table, const std::string& line) {
 
 // KEEP(page-texts-go-unescaped)
 TEST(HtmlPage, ShowsTheTableByteForByte) {
-    Bench bench;
-    ListControl& table = bench.console.Form1.SystemList;
+    Rig rig;
+    ListControl& table = rig.console.Form1.SystemList;
     for (const char* line : {
              "Error|11/30/2004|11:59:59 PM|Disk|7|SYSTEM|PC1|The device has a bad block.~",
              "Warning|11/30/2004|11:59:58 PM|Service Control Manager|7036||PC1|one~two~~three",
@@ -43,24 +43,24 @@ TEST(HtmlPage, ShowsTheTableByteForByte) {
     // A row that grew behind its columns.
     add(table, "Error|d|t|s|1|u|c|grown");
     table.last_row().add_sub_item("behind the columns");
-    bench.console.Form1.lblselectedTab.caption = " System Log  ";
-    bench.run(print_current_page);
-    EXPECT_EQ(bench.files.bytes(kPage), golden("page.html"));
-    EXPECT_EQ(bench.shell.opened, std::vector<std::string>{kPage});
+    rig.console.Form1.lblselectedTab.caption = " System Log  ";
+    rig.run(print_current_page);
+    EXPECT_EQ(rig.files.bytes(kPage), golden("page.html"));
+    EXPECT_EQ(rig.shell.opened, std::vector<std::string>{kPage});
 }
 
 TEST(HtmlPage, IsOfTheTableOnTop) {
-    Bench bench;
-    MainForm& form = bench.console.Form1;
+    Rig rig;
+    MainForm& form = rig.console.Form1;
     add(form.SystemList, "Error|d|t|s|1|u|c|of the system");
     add(form.SecurityList, "Audit success|d|t|s|1|u|c|of the audit");
     form.lblselectedTab.caption = "Analysis Summary";
-    bench.run(print_current_page);
-    EXPECT_TRUE(bench.shell.opened.empty());
-    EXPECT_FALSE(bench.files.file_exists(kPage));
+    rig.run(print_current_page);
+    EXPECT_TRUE(rig.shell.opened.empty());
+    EXPECT_FALSE(rig.files.file_exists(kPage));
     form.lblselectedTab.caption = " SECURITY LOG  ";
-    bench.run(print_current_page);
-    const std::string page = bench.files.bytes(kPage);
+    rig.run(print_current_page);
+    const std::string page = rig.files.bytes(kPage);
     EXPECT_NE(page.find("<td> SECURITY LOG  </td>"), std::string::npos);
     EXPECT_NE(page.find("of the audit"), std::string::npos);
     EXPECT_EQ(page.find("of the system"), std::string::npos);
@@ -68,34 +68,34 @@ TEST(HtmlPage, IsOfTheTableOnTop) {
 
 // KEEP(long-pages-fail-behind-their-head)
 TEST(HtmlPage, OfMoreThan32767RowsHasItsHeadAlone) {
-    Bench bench;
-    ListControl& table = bench.console.Form1.SystemList;
+    Rig rig;
+    ListControl& table = rig.console.Form1.SystemList;
     for (int i = 0; i < 32'767; ++i) add(table, "Error|d|t|s|1|u|c|m");
-    ExportToHtml(bench.console, table);
-    const std::string page = bench.files.bytes(kPage);
+    ExportToHtml(rig.console, table);
+    const std::string page = rig.files.bytes(kPage);
     EXPECT_TRUE(page.ends_with("</a><p><p></HTML>\r\n"));
     add(table, "Error|d|t|s|1|u|c|m");
-    EXPECT_THROW(ExportToHtml(bench.console, table), RuntimeError);
-    EXPECT_EQ(bench.files.bytes(kPage), page.substr(0, page.find("<tr class='light'")));
+    EXPECT_THROW(ExportToHtml(rig.console, table), RuntimeError);
+    EXPECT_EQ(rig.files.bytes(kPage), page.substr(0, page.find("<tr class='light'")));
 }
 
 TEST(HtmlPage, FailsAtAShortRowAndAtAFullDisk) {
-    Bench bench;
-    ListControl& table = bench.console.Form1.SystemList;
+    Rig rig;
+    ListControl& table = rig.console.Form1.SystemList;
     table.add_row("Error", 4).add_sub_item("d");
-    EXPECT_THROW(ExportToHtml(bench.console, table), RuntimeError);
-    bench.files.fail_next(fakes::FileStep::Close, kPage, "The disk is full");
+    EXPECT_THROW(ExportToHtml(rig.console, table), RuntimeError);
+    rig.files.fail_next(fakes::FileStep::Close, kPage, "The disk is full");
     table.clear();
-    EXPECT_THROW(ExportToHtml(bench.console, table), RuntimeError);
+    EXPECT_THROW(ExportToHtml(rig.console, table), RuntimeError);
 }
 
 TEST(DummyPage, AsksForPatienceOnce) {
-    Bench bench;
-    DummyHtml(bench.console);
-    EXPECT_EQ(bench.files.bytes("/app/temp.html"), "<HTML><center>Please Wait</center></html>\r\n");
-    bench.files.put("/app/temp.html", "another");
-    DummyHtml(bench.console);
-    EXPECT_EQ(bench.files.bytes("/app/temp.html"), "another");
+    Rig rig;
+    DummyHtml(rig.console);
+    EXPECT_EQ(rig.files.bytes("/app/temp.html"), "<HTML><center>Please Wait</center></html>\r\n");
+    rig.files.put("/app/temp.html", "another");
+    DummyHtml(rig.console);
+    EXPECT_EQ(rig.files.bytes("/app/temp.html"), "another");
 }
 
 }  // namespace

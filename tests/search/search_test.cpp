@@ -4,22 +4,22 @@
 
 #include <string>
 
-#include "fakes/bench.h"
 #include "fakes/drawn.h"
+#include "fakes/rig.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
 using fakes::drawn;
 using fakes::FileStep;
+using fakes::Rig;
 
 class Searching : public testing::Test {
   protected:
-    Searching() { bench.console.Form3.get(); }  // its first touch would set the marks of the menus
+    Searching() { rig.console.Form3.get(); }  // its first touch would set the marks of the menus
 
     void put(const std::string& name, const std::string& bytes) {
-        bench.files.put("/app/Data/" + name + ".log", bytes);
+        rig.files.put("/app/Data/" + name + ".log", bytes);
     }
     void tick(int system, int application, int security) {
         form.Check1.value = system;
@@ -29,13 +29,13 @@ class Searching : public testing::Test {
     // The controls behind a search, or the message with which it ended the console.
     std::string found(const std::string& text, const std::string& controls) {
         form.TxtSearch.text = text;
-        bench.run(search_and_remember);
-        if (!bench.program.ended) return drawn(bench, controls);
-        return bench.dialogs.messages.back().text;
+        rig.run(search_and_remember);
+        if (!rig.program.ended) return drawn(rig, controls);
+        return rig.dialogs.messages.back().text;
     }
 
-    Bench bench;
-    MainForm& form = bench.console.Form1;
+    Rig rig;
+    MainForm& form = rig.console.Form1;
 };
 
 TEST_F(Searching, ShowsTheHitsOfAllHostsInTheTickedLogsAlone) {
@@ -127,7 +127,7 @@ SystemList:
 TEST_F(Searching, EndsTheConsoleInAStoreWithoutFilesUnlessNoLogIsTicked) {
     form.TxtSearch.text = "x";
     EXPECT_EQ(found("x", "st1"), "\nst1: [Done ...][][Showing 0 records][][]\n") << "no folder";
-    bench.files.make_folders("/app/Data");
+    rig.files.make_folders("/app/Data");
     EXPECT_EQ(found("x", "st1"), "\nst1: [Done ...][][Showing 0 records][][]\n") << "no file";
     tick(0, 1, 0);
     EXPECT_EQ(found("x", "st1"), "Run-time error '9':\r\n\r\nSubscript out of range");
@@ -173,11 +173,11 @@ TEST_F(Searching, PassesOverAFileThatCannotBeReadOnceThereWasAHit) {
     put("C_system", "error|x\r\n");
     put("D_system", "error|x\r\n");
     tick(1, 0, 0);
-    bench.files.fail_next(FileStep::Open, "/app/Data/B_system.log", "Denied");
-    bench.files.fail_next(FileStep::Read, "/app/Data/C_system.log", "Broken");
+    rig.files.fail_next(FileStep::Open, "/app/Data/B_system.log", "Denied");
+    rig.files.fail_next(FileStep::Read, "/app/Data/C_system.log", "Broken");
     EXPECT_EQ(found("x", "st1"), "\nst1: [Done ...][][Showing 2 records][][]\n");
-    EXPECT_EQ(bench.files.open_files(), 0);
-    bench.files.fail_next(FileStep::Open, "/app/Data/A_system.log", "Denied");
+    EXPECT_EQ(rig.files.open_files(), 0);
+    rig.files.fail_next(FileStep::Open, "/app/Data/A_system.log", "Denied");
     EXPECT_EQ(found("x", "st1"), "Run-time error '440':\r\n\r\nDenied");
 }
 
@@ -196,8 +196,8 @@ TEST_F(Searching, RemembersEachTextUntilTheHistoryIsCleared) {
     found("", "st1");
     EXPECT_EQ(found("x", "txtSearchHist TxtSearch"),
               "\ntxtSearchHist: \"~x~~x\"\nTxtSearch: \"x\"\n");
-    bench.run(clear_search_history);
-    EXPECT_EQ(drawn(bench, "txtSearchHist TxtSearch SystemList Check1"),
+    rig.run(clear_search_history);
+    EXPECT_EQ(drawn(rig, "txtSearchHist TxtSearch SystemList Check1"),
               "\ntxtSearchHist: \"\"\nTxtSearch: \"\"\nSystemList:\n  4|error|x\nCheck1: 1\n");
 }
 

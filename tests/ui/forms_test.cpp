@@ -16,7 +16,7 @@
 #include "ui/form_access.h"
 #include "ui/list_view.h"
 #include "ui/qt_text.h"
-#include "ui/window_bench.h"
+#include "ui/window_rig.h"
 
 namespace tessarine::fakes {
 namespace {
@@ -30,7 +30,7 @@ std::vector<std::size_t>& calls() {
 }
 
 template <std::size_t number>
-void note(Console&, const EventDetails&) {
+void note(Console&, const InputDetails&) {
     calls().push_back(number);
 }
 
@@ -134,7 +134,7 @@ void expect_clicks_arrive(const RecordedEvents& recorded, FormId form, QObject& 
 
 TEST(Forms, EveryControlOfTheMainWindowHasItsWidgetAndItsRoutine) {
     const RecordedEvents recorded;
-    WindowBench window(recorded.events());
+    WindowRig window(recorded.events());
     window.console.Form1.AlertList.add_row("4625", 0);
     window.console.Form1.IgnoreList.add_row("7036", 0);
     window.start();
@@ -147,7 +147,7 @@ TEST(Forms, EveryControlOfTheMainWindowHasItsWidgetAndItsRoutine) {
 
 TEST(Forms, EveryControlOfTheDialogsHasItsWidgetAndItsRoutine) {
     const RecordedEvents recorded;
-    WindowBench window(recorded.events());
+    WindowRig window(recorded.events());
     window.start();
     window.console.Form2.get();
     window.console.Form4.get();
@@ -167,7 +167,7 @@ TEST(Forms, EveryControlOfTheDialogsHasItsWidgetAndItsRoutine) {
 }
 
 TEST(Forms, WhatLeadsNowhereIsDisabled) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     for (const MenuTableRow& row : kMenuTable) {
         if (row.entry == nullptr) continue;
@@ -182,7 +182,7 @@ TEST(Forms, WhatLeadsNowhereIsDisabled) {
 
 TEST(Forms, EveryToolbarButtonHasAPictureATipAndItsMenuEntrysRoutine) {
     const RecordedEvents recorded;
-    WindowBench window(recorded.events());
+    WindowRig window(recorded.events());
     window.start();
     for (const ToolbarButton& button : kToolbar) {
         if (button.raises.empty()) continue;
@@ -200,7 +200,7 @@ TEST(Forms, EveryToolbarButtonHasAPictureATipAndItsMenuEntrysRoutine) {
 }
 
 TEST(Forms, MenusHaveALetterForEachEntryAndTheBarsCaptions) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     QStringList bar;
     for (const std::string_view menu : kMenuBar) bar += window.find<QMenu>(menu.data()).title();
@@ -210,7 +210,7 @@ TEST(Forms, MenusHaveALetterForEachEntryAndTheBarsCaptions) {
 }
 
 TEST(Forms, TabWalksTheHostsPageThenTheRecords) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     QStringList walked;
     QWidget* first = &window.find("TabStrip1");

@@ -17,7 +17,7 @@
 #include <QTest>
 
 #include "app/console_program.h"
-#include "ui/window_bench.h"
+#include "ui/window_rig.h"
 
 namespace tessarine::fakes {
 namespace {
@@ -28,15 +28,15 @@ constexpr const char* kRecords =
     "error|1/2/2026|1:02:03 PM|disk|11|N/A|PC1|A bad block\r\n"
     "information|1/2/2026|1:02:04 PM|Tcpip|4201|N/A|PC1|Ready\r\n";
 
-QString cell(WindowBench& window, const char* table, int row, int column) {
+QString cell(WindowRig& window, const char* table, int row, int column) {
     return window.find<QTableView>(table).model()->index(row, column).data().toString();
 }
 
-int rows(WindowBench& window, const char* table) {
+int rows(WindowRig& window, const char* table) {
     return window.find<QTableView>(table).model()->rowCount();
 }
 
-QString panel(WindowBench& window, int number) {
+QString panel(WindowRig& window, int number) {
     return window.find<QLabel>(qPrintable(QStringLiteral("st1_panel%1").arg(number))).text();
 }
 
@@ -49,14 +49,14 @@ void pick(QWidget& menu, const char* entry) {
 }
 
 TEST(Journey, AHostListIsLoadedAndOneHostsLogsAreViewed) {
-    WindowBench window;
-    window.bench.files.put("/lists/hosts.txt", "pc1\r\npc2\r\n");
-    window.bench.files.put("/app/Data/PC1_system.log", kRecords);
-    window.bench.files.put("/app/alertpatterns.txt", "11\r\n\r\n");
+    WindowRig window;
+    window.rig.files.put("/lists/hosts.txt", "pc1\r\npc2\r\n");
+    window.rig.files.put("/app/Data/PC1_system.log", kRecords);
+    window.rig.files.put("/app/alertpatterns.txt", "11\r\n\r\n");
     window.start();
     EXPECT_EQ(window.windows.main_window().windowTitle(), "Tessarine 1.3.0");
 
-    window.bench.dialogs.choose_file_next("/lists/hosts.txt");
+    window.rig.dialogs.choose_file_next("/lists/hosts.txt");
     window.trigger("loadfrmlist");
     EXPECT_EQ(rows(window, "ListView1"), 2);
     EXPECT_EQ(cell(window, "ListView1", 0, 0), "PC1");
@@ -79,8 +79,8 @@ TEST(Journey, AHostListIsLoadedAndOneHostsLogsAreViewed) {
 }
 
 TEST(Journey, TheTypeBoxesDecideWhatTheNextLoadShows) {
-    WindowBench window;
-    window.bench.files.put("/app/Data/PC1_system.log", kRecords);
+    WindowRig window;
+    window.rig.files.put("/app/Data/PC1_system.log", kRecords);
     window.console.Form1.ListView1.add_row("PC1", 1).add_sub_item("-");
     window.start();
     QTest::mouseClick(&window.find("SysErrors"), Qt::LeftButton, {}, QPoint(8, 8));
@@ -90,21 +90,21 @@ TEST(Journey, TheTypeBoxesDecideWhatTheNextLoadShows) {
 }
 
 // A click on the head of a column, counted from 0.
-void click_head(WindowBench& window, const char* table, int column) {
+void click_head(WindowRig& window, const char* table, int column) {
     QHeaderView* head = window.find<QTableView>(table).horizontalHeader();
     const QPoint place(head->sectionViewportPosition(column) + 10, head->height() / 2);
     QTest::mouseClick(head->viewport(), Qt::LeftButton, {}, place);
 }
 
 TEST(Journey, AnEventIsFoundReadAndHighlighted) {
-    WindowBench window;
+    WindowRig window;
     std::string records;
     for (const char* record :
          {"error|1/2/2026|1:00:00 PM|disk|11", "warning|1/2/2026|1:01:00 PM|w|36",
           "error|1/2/2026|1:02:00 PM|disk|7", "error|1/2/2026|1:03:00 PM|a|9",
           "error|1/2/2026|1:04:00 PM|scm|7034"})
         records += std::string(record) + "|N/A|PC1|first~second\r\n";
-    window.bench.files.put("/app/Data/PC1_system.log", records);
+    window.rig.files.put("/app/Data/PC1_system.log", records);
     window.console.Form1.ListView1.add_row("PC1", 1).add_sub_item("-");
     window.start();
     window.when_open("MyMenu", [](QWidget& menu) { pick(menu, "vieweventlogs"); });
@@ -130,7 +130,7 @@ TEST(Journey, AnEventIsFoundReadAndHighlighted) {
         const auto* code = dialog.findChild<QLabel*>("lblEventID");
         EXPECT_TRUE(QTest::qWaitFor([code] { return code->text() == "7034"; }));
         dialog.findChild<QPushButton*>("cmdClipboard")->click();
-        EXPECT_THAT(window.bench.clipboard.text, HasSubstr("Event Code:\t7034\r\n"));
+        EXPECT_THAT(window.rig.clipboard.text, HasSubstr("Event Code:\t7034\r\n"));
         dialog.findChild<QPushButton*>("Command1")->click();
     });
     QTableView& table = window.find<QTableView>("SystemList");
@@ -151,10 +151,10 @@ TEST(Journey, AnEventIsFoundReadAndHighlighted) {
 
 // One paragraph of a megabyte would keep the window busy for minutes.
 TEST(Journey, AnEndlessMessageIsShownInParagraphs) {
-    WindowBench window;
+    WindowRig window;
     const std::string words = std::string(5'000, 'x') + " " + std::string(4'000, 'y') + " end";
-    WindowBench::add_record(window.console.Form1.SystemList,
-                            {"error", "d", "t", "s", "1", "u", "c", words + "~last"}, 4);
+    WindowRig::add_record(window.console.Form1.SystemList,
+                          {"error", "d", "t", "s", "1", "u", "c", words + "~last"}, 4);
     window.console.Form1.SystemList.set_selected_item(1);
     window.start();
     window.when_open("Form2", [&](QWidget& dialog) {
@@ -167,14 +167,14 @@ TEST(Journey, AnEndlessMessageIsShownInParagraphs) {
 }
 
 TEST(Journey, APressOnAnEmptyHostListSaysHowToFillIt) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     QTest::mouseClick(window.find<QTableView>("ListView1").viewport(), Qt::RightButton);
     EXPECT_EQ(panel(window, 1), "List Empty. Enumerate or Load hosts");
 }
 
 TEST(Journey, CodesAreAddedPickedAndRemoved) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     window.find<QTabBar>("TabStrip1").setCurrentIndex(2);
     ASSERT_TRUE(window.find("AlertList").isVisible());
@@ -184,7 +184,7 @@ TEST(Journey, CodesAreAddedPickedAndRemoved) {
         QTest::mouseClick(&window.find("Command1"), Qt::LeftButton);
     }
     EXPECT_EQ(rows(window, "AlertList"), 2);
-    EXPECT_EQ(window.bench.files.bytes("/app/alertpatterns.txt"), "4625\r\n\r\n7034\r\n\r\n");
+    EXPECT_EQ(window.rig.files.bytes("/app/alertpatterns.txt"), "4625\r\n\r\n7034\r\n\r\n");
     click_row(window.find("AlertList"), 0);
     EXPECT_EQ(field.text(), "4625");
     QTest::mouseClick(&window.find("Command6"), Qt::LeftButton);
@@ -193,7 +193,7 @@ TEST(Journey, CodesAreAddedPickedAndRemoved) {
 }
 
 TEST(Journey, HostsAreAddedByButtonAndByEnter) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     window.when_open("Form6", [&](QWidget& dialog) {
         auto* field = dialog.findChild<QLineEdit*>("AddHost");
@@ -211,8 +211,8 @@ TEST(Journey, HostsAreAddedByButtonAndByEnter) {
 }
 
 TEST(Journey, TheCustomAuditTakesItsDayFromMouseOrKeys) {
-    WindowBench window;
-    window.bench.clock.moment = {{2026, 3, 9}, {12, 0, 0}};
+    WindowRig window;
+    window.rig.clock.moment = {{2026, 3, 9}, {12, 0, 0}};
     window.start();
     window.when_open("Form4", [&](QWidget& dialog) {
         auto* sentence = dialog.findChild<QLabel*>("Label1");
@@ -233,7 +233,7 @@ TEST(Journey, TheCustomAuditTakesItsDayFromMouseOrKeys) {
         for (const char* box : {"ChkSys", "ChkApp", "ChkSec"})
             dialog.findChild<QCheckBox*>(box)->click();
         dialog.findChild<QPushButton*>("Command1")->click();
-        EXPECT_EQ(window.bench.dialogs.messages.back().text, "select atleast one log to audit");
+        EXPECT_EQ(window.rig.dialogs.messages.back().text, "select atleast one log to audit");
         EXPECT_TRUE(dialog.isVisible());
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
@@ -242,7 +242,7 @@ TEST(Journey, TheCustomAuditTakesItsDayFromMouseOrKeys) {
 }
 
 TEST(Journey, AFullAuditTestsTheHostForThreeSecondsThatNobodyCutsShort) {
-    WindowBench window;
+    WindowRig window;
     window.console.Form1.ListView1.add_row("PC1", 1).add_sub_item("-");
     window.start();
     QElapsedTimer clock;
@@ -268,8 +268,8 @@ bool is_pie(const QWidget& window, const char* chart) {
 }
 
 TEST(Journey, AnalysedLogsAreDrawnAsBarsAndAsAPie) {
-    WindowBench window;
-    window.bench.files.put("/app/Data/PC1_system.log", kRecords);
+    WindowRig window;
+    window.rig.files.put("/app/Data/PC1_system.log", kRecords);
     window.start();
     QWidget& main = window.windows.main_window();
     window.find<QTabBar>("TabStrip1").setCurrentIndex(1);
@@ -297,10 +297,10 @@ TEST(Journey, AnalysedLogsAreDrawnAsBarsAndAsAPie) {
 }
 
 TEST(Journey, AHostsGraphShowsALogAsBarsOrAsAPie) {
-    WindowBench window;
-    window.bench.files.put("/app/Data/PC1_system.log", kRecords);
-    window.bench.files.put("/app/Data/PC1_security.log",
-                           "audit failure|d|t|Security|4625|u|c|refused\r\n");
+    WindowRig window;
+    window.rig.files.put("/app/Data/PC1_system.log", kRecords);
+    window.rig.files.put("/app/Data/PC1_security.log",
+                         "audit failure|d|t|Security|4625|u|c|refused\r\n");
     window.console.Form1.ListView1.add_row("PC1", 1).add_sub_item("-");
     window.start();
     window.when_open("MyMenu", [](QWidget& menu) { pick(menu, "vieweventlogs"); });
@@ -325,7 +325,7 @@ TEST(Journey, AHostsGraphShowsALogAsBarsOrAsAPie) {
 }
 
 TEST(Journey, TheShownHostsFieldPassesTheFocusOn) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     window.windows.main_window().activateWindow();
     window.find("txtSelectedHost").setFocus();
@@ -333,7 +333,7 @@ TEST(Journey, TheShownHostsFieldPassesTheFocusOn) {
 }
 
 TEST(Journey, TabsBringTheirPagesToTheFront) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     window.find<QTabBar>("TabStrip2").setCurrentIndex(2);
     EXPECT_TRUE(window.find("SecFilter").isVisible());
@@ -359,15 +359,15 @@ TEST(Journey, TheWholeProgramStartsOnAnEmptyFolderAndEndsByItsMenu) {
 }
 
 TEST(Journey, TheCloseBoxEndsTheProgram) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     window.windows.main_window().close();
-    EXPECT_TRUE(window.bench.program.ended);
+    EXPECT_TRUE(window.rig.program.ended);
     EXPECT_FALSE(window.windows.main_window().isVisible());
 }
 
 TEST(Journey, AboutSaysWhatProgramThisIs) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     window.when_open("AboutForm", [](QWidget& dialog) {
         const auto* text = dialog.findChild<QPlainTextEdit*>("Text1");

@@ -10,7 +10,7 @@
 #include <QTest>
 
 #include "ui/list_view.h"
-#include "ui/window_bench.h"
+#include "ui/window_rig.h"
 
 namespace tessarine::fakes {
 namespace {

@@ -6,7 +6,7 @@
 #include <QProgressBar>
 #include <QTest>
 
-#include "ui/window_bench.h"
+#include "ui/window_rig.h"
 
 namespace tessarine::fakes {
 namespace {
@@ -20,7 +20,7 @@ void count_for(Console& console, int milliseconds) {
 }
 
 TEST(Repainting, ShowsProgressInTheMidstOfARoutine) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     QString seen;
     QTimer look;
@@ -36,7 +36,7 @@ TEST(Repainting, ShowsProgressInTheMidstOfARoutine) {
 }
 
 TEST(Repainting, HoldsBackWhatTheUserDoesAndTimers) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     bool tried = false;
     QTimer user;
@@ -50,13 +50,13 @@ TEST(Repainting, HoldsBackWhatTheUserDoesAndTimers) {
     run_event(window.console, [](Console& console) { count_for(console, 150); });
     EXPECT_TRUE(tried);
     EXPECT_FALSE(window.console.Form1.shogrid.checked);
-    EXPECT_FALSE(window.bench.program.ended);
+    EXPECT_FALSE(window.rig.program.ended);
     window.trigger("shogrid");
     EXPECT_TRUE(window.console.Form1.shogrid.checked);
 }
 
 TEST(Repainting, CountsAreAsFastAsTheyMustBeForEachRecord) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     QElapsedTimer clock;
     clock.start();
@@ -66,7 +66,7 @@ TEST(Repainting, CountsAreAsFastAsTheyMustBeForEachRecord) {
 }
 
 TEST(Repainting, APassedHourglassIsShownAndTakenBack) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     run_event(window.console, [&](Console& console) {
         console.mouse_pointer = kPointerHourglass;
@@ -78,12 +78,12 @@ TEST(Repainting, APassedHourglassIsShownAndTakenBack) {
 }
 
 TEST(Repainting, AnErrorInARoutineIsToldAndEndsTheProgram) {
-    WindowBench window;
+    WindowRig window;
     window.start();
     run_event(window.console,
               [](Console&) { throw RuntimeError(ErrorNumber::FileNotFound, "File not found"); });
-    EXPECT_EQ(window.bench.dialogs.messages.size(), 1U);
-    EXPECT_TRUE(window.bench.program.ended);
+    EXPECT_EQ(window.rig.dialogs.messages.size(), 1U);
+    EXPECT_TRUE(window.rig.program.ended);
     EXPECT_FALSE(window.windows.main_window().isVisible());
 }
 

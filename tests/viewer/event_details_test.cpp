@@ -6,13 +6,13 @@
 
 #include "app/events.h"
 #include "core/text.h"
-#include "fakes/bench.h"
+#include "fakes/rig.h"
 #include "store/event_record.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
+using fakes::Rig;
 
 // What the form shows, a line each; the picture in front.
 std::string shown(Console& console) {
@@ -32,16 +32,16 @@ class EventDetails : public testing::Test {
     // Opens the form on a row and lets the user do something there.
     void open(ListControl& table, int row, void (*double_click)(Console&),
               fakes::ScriptedWindows::Script script) {
-        Bench::select(table, {row});
-        bench.windows.when_shown(FormId::Form2, [script](Console& console) {
+        Rig::select(table, {row});
+        rig.windows.when_shown(FormId::Form2, [script](Console& console) {
             script(console);
             close_event_details(console);
         });
-        bench.run(double_click);
+        rig.run(double_click);
     }
 
-    Bench bench{control_events()};
-    MainForm& form = bench.console.Form1;
+    Rig rig{control_events()};
+    MainForm& form = rig.console.Form1;
 };
 
 TEST_F(EventDetails, ShowTheRowAndWalkThroughTheTable) {
@@ -65,20 +65,20 @@ TEST_F(EventDetails, ShowTheRowAndWalkThroughTheTable) {
         EXPECT_EQ(console.Form2->txtListIndex.text, "2");
         look_up_shown_event(console);
     });
-    EXPECT_FALSE(bench.console.Form2.loaded());
+    EXPECT_FALSE(rig.console.Form2.loaded());
     EXPECT_EQ(form.SystemList.selected_item(), 2);
     EXPECT_TRUE(form.SystemList.row(2).selected());
-    EXPECT_EQ(bench.shell.opened,
+    EXPECT_EQ(rig.shell.opened,
               std::vector<std::string>{"http://www.tessarine.example/cgi-bin/tessarine.pl?EvtSrc="
                                        "Tcpip&EvtID=4201&ProdName=Windows Operating "
                                        "System&action=tessarine"});
 }
 
 TEST_F(EventDetails, StayClosedForATableWithoutARow) {
-    bench.run(open_system_event);
+    rig.run(open_system_event);
     form.SecurityList.add_row("audit success", 6);
-    bench.run(open_security_event);
-    EXPECT_TRUE(bench.windows.shown.empty());
+    rig.run(open_security_event);
+    EXPECT_TRUE(rig.windows.shown.empty());
 }
 
 // KEEP(audit-failure-opens-without-a-picture)
@@ -113,9 +113,9 @@ TEST_F(EventDetails, GoToTheClipboardAsText) {
     add(form.ApplicationList, "Error|1/2/2004|3:04:05 AM|Disk: C|7|u|PC1|Bad~block");
     add(form.SystemList, "Error|1/2/2004|3:04:05 AM|Disk|7|u|PC1|Bad");
     open(form.SystemList, 1, open_system_event, copy_event_to_clipboard);
-    EXPECT_EQ(bench.clipboard.text.substr(0, 36), "Host:\t\tPC1\r\nLog:\t\tSystem Log \r\nType:");
+    EXPECT_EQ(rig.clipboard.text.substr(0, 36), "Host:\t\tPC1\r\nLog:\t\tSystem Log \r\nType:");
     open(form.ApplicationList, 1, open_application_event, copy_event_to_clipboard);
-    EXPECT_EQ(bench.clipboard.text,
+    EXPECT_EQ(rig.clipboard.text,
               "Host:\t\tPC1\r\nLog:\t\tApplication Log \r\nType:\t\tError\r\n"
               "Date:\t\t1/2/2004 3:04:05 AM\r\nSource:\t\tDisk: C\r\nEvent Code:\t7\r\n"
               "Username:\tu\r\nMessage:\tBad\r\nblock");
@@ -126,10 +126,10 @@ TEST_F(EventDetails, ForgiveAShortRecordInTheApplicationLogAlone) {
         table->add_row("Error", 4).add_sub_item("1/2/2004");
     open(form.ApplicationList, 1, open_application_event,
          [](Console& console) { EXPECT_EQ(shown(console), "2|Error|1/2/2004|||||| "); });
-    EXPECT_FALSE(bench.program.ended);
-    Bench::select(form.SystemList, {1});
-    bench.run(open_system_event);
-    EXPECT_TRUE(bench.program.ended);
+    EXPECT_FALSE(rig.program.ended);
+    Rig::select(form.SystemList, {1});
+    rig.run(open_system_event);
+    EXPECT_TRUE(rig.program.ended);
 }
 
 // KEEP(details-stop-at-row-32767)
@@ -139,11 +139,11 @@ TEST_F(EventDetails, EndTheConsoleBehindRow32767) {
         EXPECT_EQ(console.Form2->position, 32'767);
         EXPECT_THROW(CmdDown(console), RuntimeError);
     });
-    EXPECT_FALSE(bench.program.ended);
-    Bench::select(form.SecurityList, {32'768});
-    bench.run(open_security_event);
-    EXPECT_TRUE(bench.program.ended);
-    EXPECT_NE(bench.dialogs.messages.back().text.find("Overflow"), std::string::npos);
+    EXPECT_FALSE(rig.program.ended);
+    Rig::select(form.SecurityList, {32'768});
+    rig.run(open_security_event);
+    EXPECT_TRUE(rig.program.ended);
+    EXPECT_NE(rig.dialogs.messages.back().text.find("Overflow"), std::string::npos);
 }
 
 }  // namespace

@@ -4,40 +4,40 @@
 
 #include <string>
 
-#include "fakes/bench.h"
 #include "fakes/drawn.h"
+#include "fakes/rig.h"
 #include "viewer/log_loading.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
 using fakes::drawn;
+using fakes::Rig;
 
 class FilteredRedisplay : public testing::Test {
   protected:
     FilteredRedisplay() {
-        bench.console.Form3.get();  // its first touch would set the marks of the menus
-        bench.list_hosts({"PC1", "PC2"});
-        Bench::select(bench.console.Form1.ListView1, {1});
+        rig.console.Form3.get();  // its first touch would set the marks of the menus
+        rig.list_hosts({"PC1", "PC2"});
+        Rig::select(rig.console.Form1.ListView1, {1});
     }
 
     void put(const std::string& log, const std::string& bytes, const std::string& host = "PC1") {
-        bench.files.put("/app/Data/" + host + "_" + log + ".log", bytes);
+        rig.files.put("/app/Data/" + host + "_" + log + ".log", bytes);
     }
     std::string after(void (*click)(Console&), const std::string& controls) {
-        bench.run(click);
-        return drawn(bench, controls);
+        rig.run(click);
+        return drawn(rig, controls);
     }
 
-    Bench bench;
-    MainForm& form = bench.console.Form1;
+    Rig rig;
+    MainForm& form = rig.console.Form1;
 };
 
 TEST_F(FilteredRedisplay, ReadsOneLogAgainUnderTheBoxes) {
     put("system", "error|d|t|s|1|u|c|m\r\ninformation|d|t|s|2|u|c|m\r\n");
     put("security", "audit failure|d|t|s|3|u|c|m\r\n");
-    bench.run(vieweventlogs);
+    rig.run(vieweventlogs);
     form.SysErrors.value = 0;
     EXPECT_EQ(after(click_system_box, "SystemList SecurityList st1 txtSelectedHost"), R"(
 SystemList:
@@ -51,7 +51,7 @@ txtSelectedHost: "Host: PC1"
     EXPECT_EQ(after(click_system_box, "SystemList"), "\nSystemList:\n");
     // The host that is selected now, and that log alone.
     put("security", "audit success|d|t|s|4|u|c|m\r\n", "PC2");
-    Bench::select(form.ListView1, {1, 2});
+    Rig::select(form.ListView1, {1, 2});
     EXPECT_EQ(after(click_security_box, "SecurityList txtSelectedHost List1Index"), R"(
 SecurityList:
   6|audit success|d|t|s|4|u|c|m
@@ -63,15 +63,15 @@ List1Index: "1"
 TEST_F(FilteredRedisplay, ShowsItsStepsAndThePointerOfTheFormAlone) {
     put("security", "audit success|d|t|s|4|u|c|m\r\n");
     int pointers = 0;
-    bench.windows.when_events_pass(
+    rig.windows.when_events_pass(
         [&](Console& console) { EXPECT_EQ(console.Form1.mouse_pointer, kPointerDefault); });
-    bench.windows.when_events_pass([&](Console& console) {
+    rig.windows.when_events_pass([&](Console& console) {
         EXPECT_EQ(console.Form1.mouse_pointer, kPointerHourglass);
         EXPECT_EQ(console.mouse_pointer, kPointerDefault);
         ++pointers;
     });
     fakes::StatusHistory history(form.st1);
-    bench.run(click_security_box);
+    rig.run(click_security_box);
     EXPECT_EQ(pointers, 1);
     EXPECT_EQ(form.mouse_pointer, kPointerDefault);
     EXPECT_EQ(history.lines,
@@ -82,15 +82,15 @@ TEST_F(FilteredRedisplay, ShowsItsStepsAndThePointerOfTheFormAlone) {
 TEST_F(FilteredRedisplay, DoesNothingWithoutAHostAndEndsWithoutAFile) {
     form.ListView1.clear();
     EXPECT_EQ(after(click_system_box, "st1"), "\nst1: [][][][][]\n");
-    bench.list_hosts({"PC1"});
+    rig.list_hosts({"PC1"});
     form.SecurityList.add_row("old", 6);
-    Bench::select(form.ListView1, {1});
+    Rig::select(form.ListView1, {1});
     fakes::StatusHistory history(form.st1);
     EXPECT_EQ(after(click_security_box, "SecurityList"), "\nSecurityList:\n");
     EXPECT_NE(history.lines.find("1: No Security Event log\n1: \n"), std::string::npos);
     form.SystemList.add_row("kept", 4);
-    bench.run([](Console& console) { ShowRecords(console, "PC1", "setup"); });
-    EXPECT_EQ(drawn(bench, "SystemList st1"),
+    rig.run([](Console& console) { ShowRecords(console, "PC1", "setup"); });
+    EXPECT_EQ(drawn(rig, "SystemList st1"),
               "\nSystemList:\n  4|kept\nst1: [][][Total: 0 events    Ignored:0    "
               "Highlighted:0][][]\n");
 }
@@ -98,7 +98,7 @@ TEST_F(FilteredRedisplay, DoesNothingWithoutAHostAndEndsWithoutAFile) {
 // KEEP(redisplay-loses-application-audit-failures)
 TEST_F(FilteredRedisplay, GivesApplicationAuditFailuresToTheRowBefore) {
     put("application", "warning|d|t|s|1|u|c|m\r\naudit failure|D|T|S|2|U|C|M\r\n");
-    bench.run(vieweventlogs);
+    rig.run(vieweventlogs);
     EXPECT_EQ(form.ApplicationList.count(), 2);
     form.highlightpatt.checked = true;
     form.AlertList.add_row("2", 0);
@@ -127,7 +127,7 @@ TEST_F(FilteredRedisplay, MarksTwoTabsByTheOneLogThatItRead) {
     for (const char* log : {"system", "application", "security"})
         put(log, log == std::string("security") ? "audit failure|d|t|s|7|u|c|m\r\n"
                                                 : "error|d|t|s|7|u|c|m\r\n");
-    bench.run(vieweventlogs);
+    rig.run(vieweventlogs);
     EXPECT_EQ(after(click_system_box, "TabStrip2"),
               "\nTabStrip2: [* System Log  #2][ Application Log#2][ Security Log  #1]"
               "[Analysis Summary]\n");

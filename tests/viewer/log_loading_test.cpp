@@ -4,36 +4,36 @@
 
 #include <string>
 
-#include "fakes/bench.h"
 #include "fakes/drawn.h"
+#include "fakes/rig.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
 using fakes::drawn;
+using fakes::Rig;
 
 class LogLoading : public testing::Test {
   protected:
     LogLoading() {
-        bench.console.Form3.get();  // its first touch would set the marks of the menus
-        bench.list_hosts({"PC1", "PC2"});
-        Bench::select(bench.console.Form1.ListView1, {1});
+        rig.console.Form3.get();  // its first touch would set the marks of the menus
+        rig.list_hosts({"PC1", "PC2"});
+        Rig::select(rig.console.Form1.ListView1, {1});
     }
 
     void put(const std::string& log, const std::string& bytes) {
-        bench.files.put("/app/Data/PC1_" + log + ".log", bytes);
+        rig.files.put("/app/Data/PC1_" + log + ".log", bytes);
     }
     std::string loaded(const std::string& controls) {
-        bench.run(vieweventlogs);
-        return drawn(bench, controls);
+        rig.run(vieweventlogs);
+        return drawn(rig, controls);
     }
     static void fill(ListControl& list, std::initializer_list<const char*> entries) {
         for (const char* entry : entries) list.add_row(entry, 0);
     }
 
-    Bench bench;
-    MainForm& form = bench.console.Form1;
+    Rig rig;
+    MainForm& form = rig.console.Form1;
 };
 
 TEST_F(LogLoading, GivesEachLogTheTypesOfItsOwnInBothLanguages) {
@@ -135,7 +135,7 @@ st1: [][][Total: 1 events    Ignored:1    Highlighted:0][][]
 TEST_F(LogLoading, RefusesSeveralHostsAndLeavesTheTablesEmpty) {
     put("system", "error|d|t|s|1|u|c|m\r\n");
     loaded("st1");
-    Bench::select(form.ListView1, {1, 2});
+    Rig::select(form.ListView1, {1, 2});
     EXPECT_EQ(loaded("SystemList st1 txtSelectedHost"), R"(
 SystemList:
 st1: [][][Total: 1 events    Ignored:0    Highlighted:0][][]
@@ -165,8 +165,8 @@ SystemList:
 TEST_F(LogLoading, EndsAtAFileThatCannotBeReadFurther) {
     put("system", "error|d|t|s|2|u|c|m\r\n");
     put("application", "error|d|t|s|3|u|c|m\r\n");
-    bench.files.fail_next(fakes::FileStep::Open, "/app/Data/PC1_application.log", "Denied");
-    bench.files.fail_next(fakes::FileStep::Read, "/app/Data/PC1_system.log", "Broken");
+    rig.files.fail_next(fakes::FileStep::Open, "/app/Data/PC1_application.log", "Denied");
+    rig.files.fail_next(fakes::FileStep::Read, "/app/Data/PC1_system.log", "Broken");
     EXPECT_EQ(loaded("SystemList ApplicationList st1"), R"(
 SystemList:
 ApplicationList:
@@ -187,8 +187,8 @@ TEST_F(LogLoading, ShowsAllRowsOfALongLogButStopsCounting) {
 }
 
 TEST_F(LogLoading, FindsTheFilesOfAHostWithLeadingBackslashes) {
-    bench.list_hosts({"\\\\PC1"});
-    Bench::select(form.ListView1, {1});
+    rig.list_hosts({"\\\\PC1"});
+    Rig::select(form.ListView1, {1});
     put("system", "error|d|t|s|1|u|c|m\r\n");
     EXPECT_EQ(loaded("SystemList"), "\nSystemList:\n  4|error|d|t|s|1|u|c|m\n");
 }

@@ -5,18 +5,18 @@
 #include <string>
 
 #include "core/control_events.h"
-#include "fakes/bench.h"
 #include "fakes/drawn.h"
+#include "fakes/rig.h"
 #include "viewer/event_lookup.h"
 
 namespace tessarine {
 namespace {
 
-using fakes::Bench;
-using Handler = void (*)(Console&, const EventDetails&);
+using fakes::Rig;
+using Handler = void (*)(Console&, const InputDetails&);
 
-void release(Bench& bench, Handler handler, int button) {
-    bench.run([&](Console& console) { handler(console, {.button = button}); });
+void release(Rig& rig, Handler handler, int button) {
+    rig.run([&](Console& console) { handler(console, {.button = button}); });
 }
 
 TEST(RecordListClicks, OpenTheMenuOnlyForARow) {
@@ -25,27 +25,27 @@ TEST(RecordListClicks, OpenTheMenuOnlyForARow) {
         {&MainForm::ApplicationList, release_on_application_list},
         {&MainForm::SecurityList, release_on_security_list}};
     for (const auto& [list, handler] : cases) {
-        Bench bench;
-        ListControl& table = bench.console.Form1.*list;
-        release(bench, handler, 2);
+        Rig rig;
+        ListControl& table = rig.console.Form1.*list;
+        release(rig, handler, 2);
         table.add_row("Error", 4);
-        release(bench, handler, 2);
-        Bench::select(table, {1});
-        release(bench, handler, 1);
-        EXPECT_TRUE(bench.windows.menus.empty());
-        release(bench, handler, 2);
-        EXPECT_EQ(bench.windows.menus, std::vector<std::string>{"popmeup2"});
+        release(rig, handler, 2);
+        Rig::select(table, {1});
+        release(rig, handler, 1);
+        EXPECT_TRUE(rig.windows.menus.empty());
+        release(rig, handler, 2);
+        EXPECT_EQ(rig.windows.menus, std::vector<std::string>{"popmeup2"});
     }
 }
 
 // KEEP(tables-share-the-last-sorted-column)
 TEST(RecordListClicks, SortTheOtherWayRoundWithEverySecondClick) {
-    Bench bench;
-    MainForm& form = bench.console.Form1;
+    Rig rig;
+    MainForm& form = rig.console.Form1;
     for (ListControl* table : {&form.SystemList, &form.ApplicationList})
         for (const char* code : {"9", "10", "1"}) table->add_row("x", 4).add_sub_item(code);
     const auto codes_after = [&](ListControl& table, Handler click, int column) {
-        bench.run([&](Console& console) { click(console, {.column = column}); });
+        rig.run([&](Console& console) { click(console, {.column = column}); });
         std::string codes;
         for (int row = 1; row <= 3; ++row) codes += std::string(table.row(row).sub_item(1)) + " ";
         return codes;
@@ -68,23 +68,23 @@ TEST(AnalysisClicks, TellTheRowAndMarkTheTableForTheMenu) {
         {&MainForm::ListView4, release_on_security_analysis}};
     int number = 2;
     for (const auto& [list, handler] : cases) {
-        Bench bench;
-        ListControl& table = bench.console.Form1.*list;
-        release(bench, handler, 2);
-        EXPECT_TRUE(bench.windows.menus.empty());
-        bench.console.Form1.lblselectedTab2.caption = "before";
+        Rig rig;
+        ListControl& table = rig.console.Form1.*list;
+        release(rig, handler, 2);
+        EXPECT_TRUE(rig.windows.menus.empty());
+        rig.console.Form1.lblselectedTab2.caption = "before";
         table.add_row("7036", 0);
         for (const char* text : {"12", "Service Control Manager"}) table.row(1).add_sub_item(text);
-        Bench::select(table, {1});
-        release(bench, handler, 1);
-        EXPECT_EQ(fakes::drawn(bench, "lblEventDetail lblselectedTab2"),
+        Rig::select(table, {1});
+        release(rig, handler, 1);
+        EXPECT_EQ(fakes::drawn(rig, "lblEventDetail lblselectedTab2"),
                   "\nlblEventDetail: \"Event Code: 7036, Event Source: Service Control Manager\"\n"
                   "lblselectedTab2: \"before\"\n");
-        release(bench, handler, 2);
-        EXPECT_EQ(bench.console.Form1.lblselectedTab2.caption, "list" + std::to_string(number++));
-        EXPECT_EQ(bench.windows.menus, std::vector<std::string>{"popmeup3"});
-        bench.run(lookupinquillard2);
-        EXPECT_EQ(bench.shell.opened.at(0),
+        release(rig, handler, 2);
+        EXPECT_EQ(rig.console.Form1.lblselectedTab2.caption, "list" + std::to_string(number++));
+        EXPECT_EQ(rig.windows.menus, std::vector<std::string>{"popmeup3"});
+        rig.run(lookupinquillard2);
+        EXPECT_EQ(rig.shell.opened.at(0),
                   "http://www.tessarine.example/cgi-bin/tessarine.pl?EvtSrc=Service Control "
                   "Manager&EvtID=7036&ProdName=Windows Operating System&action=tessarine");
     }
@@ -92,19 +92,19 @@ TEST(AnalysisClicks, TellTheRowAndMarkTheTableForTheMenu) {
 
 // KEEP(lookup-values-go-unencoded)
 TEST(EventLookup, TakesTheSelectedRowOfTheTableOnTop) {
-    Bench bench;
-    MainForm& form = bench.console.Form1;
+    Rig rig;
+    MainForm& form = rig.console.Form1;
     for (const char* field : {"x", "d", "t", "R&D", "1", "u", "c", "m"})
         field[0] == 'x' ? static_cast<void>(form.SecurityList.add_row(field, 6))
                         : form.SecurityList.row(1).add_sub_item(field);
-    Bench::select(form.SecurityList, {1});
+    Rig::select(form.SecurityList, {1});
     form.lblselectedTab.caption = "Analysis Summary";
-    bench.run(mslookup);
-    EXPECT_TRUE(bench.shell.opened.empty());
+    rig.run(mslookup);
+    EXPECT_TRUE(rig.shell.opened.empty());
     form.lblselectedTab.caption = " security log  ";
-    bench.run(mslookup);
-    ASSERT_EQ(bench.shell.opened.size(), 1U);
-    EXPECT_NE(bench.shell.opened[0].find("?EvtSrc=R&D&EvtID=1&"), std::string::npos);
+    rig.run(mslookup);
+    ASSERT_EQ(rig.shell.opened.size(), 1U);
+    EXPECT_NE(rig.shell.opened[0].find("?EvtSrc=R&D&EvtID=1&"), std::string::npos);
 }
 
 }  // namespace

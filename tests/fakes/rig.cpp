@@ -1,4 +1,4 @@
-#include "fakes/bench.h"
+#include "fakes/rig.h"
 
 #include <algorithm>
 
@@ -8,7 +8,7 @@ namespace tessarine::fakes {
 
 StatusHistory::StatusHistory(StatusBar& bar)
     : bar_(bar), shown_(static_cast<std::size_t>(bar.panel_count())) {
-    bar_.tell(this);
+    bar_.set_repaint_hook(this);
 }
 
 void StatusHistory::status_changed(StatusChange /*change*/) {
@@ -30,7 +30,7 @@ std::string RecordedWorkbooks::write(const std::vector<Sheet>& sheets) {
     return "/tmp/analysis.xlsx";
 }
 
-Bench::Bench(std::span<const ControlEvent> events)
+Rig::Rig(std::span<const ControlEvent> events)
     : windows(timeline, events),
       console({.event_source = network,
                .files = files,
@@ -49,13 +49,13 @@ Bench::Bench(std::span<const ControlEvent> events)
     files.make_folders("/app");
 }
 
-void Bench::list_hosts(const std::vector<std::string>& names) {
+void Rig::list_hosts(const std::vector<std::string>& names) {
     ListControl& list = console.Form1.ListView1;
     list.clear();
     for (const std::string& name : names) list.add_row(name, 1).add_sub_item("-");
 }
 
-void Bench::select(ListControl& list, const std::vector<int>& rows) {
+void Rig::select(ListControl& list, const std::vector<int>& rows) {
     for (int row = 1; row <= list.count(); ++row)
         list.row(row).set_selected(std::find(rows.begin(), rows.end(), row) != rows.end());
     list.set_selected_item(rows.empty() ? 0 : rows.back());

@@ -14,7 +14,7 @@
 #include "app/events.h"
 #include "audit/audit_host.h"
 #include "core/console_state.h"
-#include "fakes/bench.h"
+#include "fakes/rig.h"
 #include "sample_network/hosts/user_list.h"
 #include "sample_network/sample_network.h"
 
@@ -37,9 +37,9 @@ class ScratchFolder {
 };
 
 /// Audits go to the host's address, which so is its name in the store as well.
-class WireBench {
+class WireRig {
   public:
-    explicit WireBench(std::vector<sample::SampleHost> hosts)
+    explicit WireRig(std::vector<sample::SampleHost> hosts)
         : network_(std::move(hosts), authority_) {
         for (const std::string& place : network_.listen_loopback(0)) {
             const std::size_t equals = place.find('=');
@@ -116,7 +116,7 @@ class WireBench {
     sample::CertificateAuthority authority_;
     sample::SampleNetwork network_;
     std::map<std::string, std::string> addresses_;
-    fakes::Bench fakes_{control_events()};
+    fakes::Rig fakes_{control_events()};
     LocalFiles files_;
     MovingSource source_;
 

@@ -73,7 +73,7 @@ class FakeProgram final : public Program {
 class StatusHistory final : public RepaintHook {
   public:
     explicit StatusHistory(StatusBar& bar);
-    ~StatusHistory() override { bar_.tell(nullptr); }
+    ~StatusHistory() override { bar_.set_repaint_hook(nullptr); }
     StatusHistory(const StatusHistory&) = delete;
     StatusHistory& operator=(const StatusHistory&) = delete;
 
@@ -86,9 +86,9 @@ class StatusHistory final : public RepaintHook {
 };
 
 /// The settings are at their defaults, so the event store is /app/Data, with no folder made yet.
-struct Bench {
+struct Rig {
     /// `events` is as much of the console's table as forms that are shown modally need.
-    explicit Bench(std::span<const ControlEvent> events = {});
+    explicit Rig(std::span<const ControlEvent> events = {});
 
     /// Runs a routine as an event of the window does.
     void run(const std::function<void(Console&)>& routine) { run_event(console, routine); }

@@ -1,4 +1,4 @@
-#include "ui/window_bench.h"
+#include "ui/window_rig.h"
 
 #include <QTableView>
 #include <QTest>
@@ -20,35 +20,35 @@ QWidget* open_window(const QString& name) {
 
 }  // namespace
 
-WindowBench::WindowBench(std::span<const ControlEvent> events)
-    : console({.event_source = bench.network,
-               .files = bench.files,
-               .directory_listing = bench.files,
-               .clock = bench.clock,
-               .settings_values = bench.settings,
-               .tcp_probe = bench.probe,
+WindowRig::WindowRig(std::span<const ControlEvent> events)
+    : console({.event_source = rig.network,
+               .files = rig.files,
+               .directory_listing = rig.files,
+               .clock = rig.clock,
+               .settings_values = rig.settings,
+               .tcp_probe = rig.probe,
                .form_windows = windows,
-               .dialogs = bench.dialogs,
-               .clipboard = bench.clipboard,
-               .chart_picture = bench.chart_picture,
-               .workbooks = bench.workbooks,
-               .shell = bench.shell,
-               .program = bench.program}) {
+               .dialogs = rig.dialogs,
+               .clipboard = rig.clipboard,
+               .chart_picture = rig.chart_picture,
+               .workbooks = rig.workbooks,
+               .shell = rig.shell,
+               .program = rig.program}) {
     windows.open(console, events);
 }
 
-WindowBench::~WindowBench() {
+WindowRig::~WindowRig() {
     EXPECT_EQ(expected_, 0) << "a dialog or menu has not come up";
     windows.close();
 }
 
-void WindowBench::start() {
+void WindowRig::start() {
     run_event(console, start_up);
     windows.show_main_window();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&windows.main_window()));
 }
 
-void WindowBench::when_open(const char* name, std::function<void(QWidget&)> act) {
+void WindowRig::when_open(const char* name, std::function<void(QWidget&)> act) {
     ++expected_;
     auto* poll = new QTimer(&windows.main_window());
     auto tries = std::make_shared<int>(0);
@@ -65,7 +65,7 @@ void WindowBench::when_open(const char* name, std::function<void(QWidget&)> act)
     poll->start(kMillisecondsBetween);
 }
 
-void WindowBench::add_record(ListControl& list, const std::vector<std::string>& fields, int icon) {
+void WindowRig::add_record(ListControl& list, const std::vector<std::string>& fields, int icon) {
     ListControl::Row row = list.add_row(fields.front(), icon);
     for (std::size_t i = 1; i < fields.size(); ++i) row.add_sub_item(fields[i]);
 }

@@ -10,19 +10,19 @@
 #include <functional>
 
 #include "app/events.h"
-#include "fakes/bench.h"
+#include "fakes/rig.h"
 #include "ui/form_windows.h"
 
 namespace tessarine::fakes {
 
 /// A test finds widgets by their object names, works them by QTest, and says beforehand what is to
 /// be done in the dialogs and menus that come up.
-class WindowBench {
+class WindowRig {
   public:
-    explicit WindowBench(std::span<const ControlEvent> events = control_events());
-    ~WindowBench();
-    WindowBench(const WindowBench&) = delete;
-    WindowBench& operator=(const WindowBench&) = delete;
+    explicit WindowRig(std::span<const ControlEvent> events = control_events());
+    ~WindowRig();
+    WindowRig(const WindowRig&) = delete;
+    WindowRig& operator=(const WindowRig&) = delete;
 
     /// Loads the main form and shows its window.
     void start();
@@ -43,7 +43,7 @@ class WindowBench {
     /// Loads a row into a table, as a record's eight fields.
     static void add_record(ListControl& list, const std::vector<std::string>& fields, int icon);
 
-    Bench bench;  ///< the fakes; its own console and windows are not used
+    Rig rig;  ///< the fakes; its own console and windows are not used
     QtFormWindows windows;
     Console console;
 
