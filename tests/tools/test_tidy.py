@@ -17,6 +17,7 @@ from cpp_source import CppSource
 from format_check import check_format, skip_reason
 from include_checks import check_includes
 from length_checks import check_lengths
+from name_checks import check_names
 from oddity_checks import check_oddities
 from text_checks import check_lines, check_statements, check_variables
 from tree import Tree
@@ -50,8 +51,8 @@ CLEAN = {
         }
         """,
 }
-ALL_CHECKS = (check_includes, check_oddities, check_lengths, check_lines, check_statements,
-              check_variables)
+ALL_CHECKS = (check_includes, check_names, check_oddities, check_lengths, check_lines,
+              check_statements, check_variables)
 
 
 class TidyTest(unittest.TestCase):
@@ -131,6 +132,35 @@ class TidyTest(unittest.TestCase):
         for path in places:
             self.write(path, "// KEEP(No Question): misspelt\n## No Question\n")
         self.assertEqual(self.findings(check_oddities), ["src/hosts/host_list.cpp:1 keep"])
+
+    def test_the_page_of_names_lists_what_is(self):
+        self.write("src/core/forms/graph_form.h", """\
+            struct GraphForm : FormBase {
+                Chart pie{.series = {{"a", rgb(1)}}}, bars;
+                OptionButton Option1{"One"};
+            };
+            void LogAnalyze(Console& console);
+            """)
+        self.write("src/core/forms/main_form.h",
+                   "struct MainForm : FormBase {\n    Label lbl;\n};\n")
+        self.write("src/core/console_state.h", "MainForm Form1;\nForm<GraphForm> Form5;\n")
+        listed = ["| `Form1` | main | `MainForm` |", "| `Form5` | graph | `GraphForm` |",
+                  "## Form1, the main window", "| `lbl` | a label |",
+                  "## Form5", "| `pie`, `bars` | charts |", "| `Option1` | first |",
+                  "## Routines", "| `LogAnalyze` | counts |"]
+        self.write("docs/names.md", "\n".join(listed))
+        self.assertEqual(self.findings(check_names), [])
+        for row, finding in ((3, "src/core/forms/main_form.h:1 name"),
+                             (5, "src/core/forms/graph_form.h:1 name"),
+                             (8, "src/core/forms/graph_form.h:1 name")):
+            with self.subTest(missing=listed[row]):
+                self.write("docs/names.md", "\n".join(listed[:row] + listed[row + 1:]))
+                self.assertIn(finding, self.findings(check_names))
+        for row in ("| `lbl` | of another form |", "| `gone` | no longer there |"):
+            with self.subTest(row=row):
+                self.write("docs/names.md", "\n".join(listed[:7] + [row] + listed[7:]))
+                self.assertEqual([finding.split(":")[0] for finding in self.findings(check_names)],
+                                 ["docs/names.md"])
 
     def test_statements_that_may_not_stand(self):
         self.write("src/core/a.cpp", """\

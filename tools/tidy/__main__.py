@@ -1,4 +1,4 @@
-"""Checks what the compiler does not: layers, kept oddities, lengths and layout.
+"""Checks what the compiler does not: layers, names, kept oddities, lengths and layout.
 
 usage: python3 tools/tidy [ROOT]
 
@@ -14,11 +14,12 @@ from tree import Tree
 from format_check import check_format, skip_reason
 from include_checks import check_includes
 from length_checks import check_lengths
+from name_checks import check_names
 from oddity_checks import check_oddities
 from text_checks import check_lines, check_statements, check_variables
 
-CHECKS = (check_includes, check_oddities, check_lengths, check_lines, check_statements,
-          check_variables, check_format)
+CHECKS = (check_includes, check_names, check_oddities, check_lengths, check_lines,
+          check_statements, check_variables, check_format)
 
 
 def main(arguments):
