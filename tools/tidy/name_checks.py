@@ -13,7 +13,7 @@ _STRUCT = re.compile(r"^struct (\w+) : FormBase \{", re.MULTILINE)
 _CONTROL = re.compile(
     r"^    (?:Label|TextBox|SecretBox|CheckBox|OptionButton|CommandButton|Image|Frame|Timer|UpDown"
     r"|MonthView|Chart|ListControl|TabStrip|StatusBar|ProgressBar|MenuEntry|std::array<Frame, \d>)"
-    r" ([^;(]*);", re.MULTILINE)
+    r" ([^;]*);", re.MULTILINE)
 _VALUE = re.compile(r"\{[^{}]*\}")
 # Given names of routines begin with a capital letter, ours with a small one.
 _ROUTINE = re.compile(r"^\w[\w:<>&* ]*[ *&]([A-Z]\w*)\(", re.MULTILINE)
