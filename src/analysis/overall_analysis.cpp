@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <limits>
 #include <memory>
 #include <span>
 #include <string>
@@ -11,6 +10,7 @@
 
 #include "analysis/log_line_count.h"
 #include "core/console_state.h"
+#include "core/counter16.h"
 #include "core/error_regime.h"
 #include "core/tabs.h"
 #include "core/text.h"
@@ -60,8 +60,8 @@ using Entries = std::vector<DirectoryListing::Entry>;
 // KEEP(analysis-progress-stops-at-32767): the number of files is counted as far as that, and the
 // bar can't go beyond its end. The files behind are analysed all the same.
 void set_bar_maximum(ProgressBar& bar, const Entries& files, const ErrorRegime& errors) {
-    constexpr std::size_t kMost = std::numeric_limits<std::int16_t>::max();
-    errors.run([&] { bar.set_maximum(static_cast<std::int64_t>(std::min(files.size(), kMost))); });
+    const std::size_t count = std::min<std::size_t>(files.size(), kMost16);
+    errors.run([&] { bar.set_maximum(static_cast<std::int64_t>(count)); });
 }
 
 void show_progress(MainForm& form, const ErrorRegime& errors) {

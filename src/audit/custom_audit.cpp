@@ -6,6 +6,7 @@
 #include "audit/audit_result.h"
 #include "audit/connection_check.h"
 #include "core/console_state.h"
+#include "core/host_rows.h"
 #include "core/regional_text.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
@@ -53,7 +54,8 @@ void leave_dialog(Console& console) {
 
 void walk_rows(Console& console, const CustomAudit& audit, bool selected_only) {
     ListControl& list = console.Form1.ListView1;
-    for (int row = 1; row <= list.count(); ++row) {
+    const int rows = host_rows(list);
+    for (int row = 1; row <= rows; ++row) {
         if (selected_only && !list.row(row).selected()) continue;
         leave_dialog(console);
         list.row(row).set_selected(true);
@@ -76,7 +78,7 @@ void audit_single_host(Console& console, const CustomAudit& audit) {
 
 void custaudit(Console& console) {
     ListControl& list = console.Form1.ListView1;
-    const int selected = list.selected_count();
+    const int selected = selected_hosts(list);
     if (selected <= 1 && list.selected_item() == 0) return;
     console.Form4->lblHostName.caption =
         selected > 1 ? "selected" : std::string(list.row(list.selected_item()).text());

@@ -6,6 +6,7 @@
 #include "audit/audit_result.h"
 #include "audit/connection_check.h"
 #include "core/console_state.h"
+#include "core/host_rows.h"
 #include "core/text.h"
 
 namespace tessarine {
@@ -26,7 +27,8 @@ void audit_row(Console& console, int row) {
 
 void walk_hosts(Console& console, Scope scope) {
     ListControl& list = console.Form1.ListView1;
-    for (int row = 1; row <= list.count(); ++row)
+    const int rows = host_rows(list);
+    for (int row = 1; row <= rows; ++row)
         if (scope == Scope::AllHosts || list.row(row).selected()) audit_row(console, row);
 }
 

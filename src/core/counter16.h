@@ -1,4 +1,4 @@
-// The signed 16-bit counters of the console.
+// The signed 16-bit numbers of the console.
 #pragma once
 
 #include <cstdint>
@@ -8,29 +8,24 @@
 
 namespace tessarine {
 
-/// Counts as far as 32,767; a step beyond raises "Overflow" and leaves the value.
+/// The largest number that they hold: 32,767.
+inline constexpr int kMost16 = std::numeric_limits<std::int16_t>::max();
+
+/// `count` as such a number; raises "Overflow" beyond the largest.
+inline std::int16_t count16(int count) {
+    if (count > kMost16) throw RuntimeError(ErrorNumber::Overflow, "Overflow");
+    return static_cast<std::int16_t>(count);
+}
+
+/// Counts in such a number; a step beyond the largest raises "Overflow" and leaves the value.
 class Counter16 {
   public:
-    explicit Counter16(std::int16_t value = 0) : value_(value) {}
-
     int value() const { return value_; }
-    bool full() const { return value_ == std::numeric_limits<std::int16_t>::max(); }
-
-    void add_one() {
-        if (full()) throw RuntimeError(ErrorNumber::Overflow, "Overflow");
-        ++value_;
-    }
-    void reset() { value_ = 0; }
+    bool full() const { return value_ == kMost16; }
+    void add_one() { value_ = count16(value_ + 1); }
 
   private:
-    std::int16_t value_;
+    std::int16_t value_ = 0;
 };
-
-/// `count` where a signed 16-bit number holds it; raises "Overflow" above 32,767.
-inline int count16(int count) {
-    if (count > std::numeric_limits<std::int16_t>::max())
-        throw RuntimeError(ErrorNumber::Overflow, "Overflow");
-    return count;
-}
 
 }  // namespace tessarine

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/console_state.h"
+#include "core/host_rows.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "store/log_files.h"
@@ -52,14 +53,15 @@ void press_on_host_list(Console& console, int button) {
         return;
     }
     form.st1.set_text(1, "");
+    const int selected = selected_hosts(form.ListView1);
     if (button != kRightButton) return;
-    form.graphicalview.enabled = form.ListView1.selected_count() <= 1;
+    form.graphicalview.enabled = selected <= 1;
     console.platform.form_windows.pop_up_menu("MyMenu");
 }
 
 void removehost(Console& console) {
     ListControl& list = console.Form1.ListView1;
-    for (int row = list.count(); row >= 1; --row)
+    for (int row = host_rows(list); row >= 1; --row)
         if (list.row(row).selected()) list.remove_row(row);
 }
 
@@ -69,7 +71,8 @@ void dellogs(Console& console) {
             MessageStyle::YesNoQuestion) != MessageAnswer::Yes)
         return;
     ListControl& list = console.Form1.ListView1;
-    for (int row = 1; row <= list.count(); ++row) {
+    const int rows = host_rows(list);
+    for (int row = 1; row <= rows; ++row) {
         console.mouse_pointer = kPointerHourglass;
         if (list.row(row).selected()) delete_logs_of(console, std::string(list.row(row).text()));
     }

@@ -6,6 +6,7 @@
 
 #include "core/console_state.h"
 #include "core/error_regime.h"
+#include "core/host_rows.h"
 #include "core/text.h"
 #include "hosts/host_list.h"
 #include "platform/dialogs.h"
@@ -50,7 +51,10 @@ void write_hosts(Console& console, const ErrorRegime& errors, const std::string&
     errors.run([&] { file = console.platform.files.open(path, OpenFor::Writing); });
     if (file == nullptr) return;
     ListControl& list = console.Form1.ListView1;
-    for (int row = 1; row <= list.count(); ++row)
+    int rows = 0;
+    // KEEP(long-host-lists-export-nothing): a wider number would write the names to the file.
+    errors.run([&] { rows = host_rows(list); });
+    for (int row = 1; row <= rows; ++row)
         errors.run([&] { file->write(std::string(list.row(row).text()) + "\r\n"); });
     errors.run([&] { file->close(); });
 }

@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "core/console_state.h"
+#include "core/host_rows.h"
 #include "core/text.h"
 #include "hosts/host_list.h"
 #include "platform/directory_listing.h"
@@ -32,6 +33,7 @@ void LoadPreAuditedHosts(Console& console) {
         if (size == 0) continue;
         const std::string host = host_of_file(name);
         if (seen.insert(lower_text(host)).second) add_host_row(list, host);
+        host_rows(list);  // walked for each file, in search of duplicates
     }
     show_host_count(console);
 }

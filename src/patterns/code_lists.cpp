@@ -1,12 +1,11 @@
 #include "patterns/code_lists.h"
 
-#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "core/console_state.h"
-#include "core/runtime_error.h"
+#include "core/counter16.h"
 #include "core/text.h"
 #include "platform/files.h"
 #include "platform/program.h"
@@ -76,11 +75,10 @@ void append_code(Console& console, const CodeList& codes, std::string_view code)
 void write_without(Console& console, const CodeList& codes, std::string_view code) {
     if (!has_file(console, codes)) return;
     ListControl& list = console.Form1.*codes.list;
-    // Before the file is emptied, so that such a list isn't lost.
-    if (list.count() > std::numeric_limits<std::int16_t>::max())
-        throw RuntimeError(ErrorNumber::Overflow, "Overflow");
+    // Before the file is emptied, so that a list that is too long isn't lost.
+    const int entries = count16(list.count());
     const auto file = console.platform.files.open(path_of(console, codes), OpenFor::Writing);
-    for (int row = 1; row <= list.count(); ++row)
+    for (int row = 1; row <= entries; ++row)
         if (!same_text(list.row(row).text(), code))
             file->write(std::string(list.row(row).text()) + "\r\n");
     file->write("\r\n\r\n");

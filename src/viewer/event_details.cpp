@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <limits>
 #include <string>
 #include <string_view>
 
 #include "core/console_state.h"
+#include "core/counter16.h"
 #include "core/error_regime.h"
 #include "core/text.h"
 #include "core/type_words.h"
@@ -87,12 +87,10 @@ ListControl* table_of(Console& console, const EventDetailsForm& form) {
     return opener == kOpeners.end() ? nullptr : &(console.Form1.*opener->table);
 }
 
-// KEEP(details-stop-at-row-32767): the position is a signed 16-bit number. A wider one looks right;
-// the row behind ends the console with an overflow.
+// KEEP(details-stop-at-row-32767): a wider number would go on to the rows after that one, where the
+// console is to end in an overflow.
 std::int16_t position_number(int position) {
-    if (position > std::numeric_limits<std::int16_t>::max())
-        throw RuntimeError(ErrorNumber::Overflow, "Overflow");
-    return static_cast<std::int16_t>(position);
+    return count16(position);
 }
 
 // Makes `position` the one selected row, and brings it into view.

@@ -3,7 +3,6 @@
 #include <new>
 #include <stdexcept>
 
-#include "core/counter16.h"
 #include "core/error_regime.h"
 #include "core/run_event.h"
 #include "core/status_bar.h"
@@ -27,13 +26,6 @@ TEST(ErrorRegime, IgnoresFromWhereItSaysSo) {
     EXPECT_TRUE(errors.passes(fail)) << "a failed test counts as passed";
     EXPECT_FALSE(errors.passes([] { return false; }));
     EXPECT_THROW(errors.run([] { throw std::logic_error("ours"); }), std::logic_error);
-}
-
-TEST(Counter16, StopsAtItsEnd) {
-    Counter16 counter(32'766);
-    counter.add_one();
-    EXPECT_THROW(counter.add_one(), RuntimeError);
-    EXPECT_EQ(counter.value(), 32'767);
 }
 
 TEST(StatusBar, FormsCountsAsTheyAreRead) {
