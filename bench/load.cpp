@@ -5,7 +5,7 @@
 #include "bench/idle_platform.h"
 #include "bench/loaded_store.h"
 #include "bench/process_memory.h"
-#include "viewer/log_loading.h"
+#include "viewer/host_loading.h"
 
 namespace tessarine::bench {
 

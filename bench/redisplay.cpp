@@ -8,7 +8,7 @@
 #include "bench/loaded_store.h"
 #include "bench/process_memory.h"
 #include "viewer/filtered_redisplay.h"
-#include "viewer/log_loading.h"
+#include "viewer/host_loading.h"
 
 namespace tessarine::bench {
 namespace {

@@ -7,7 +7,7 @@
 #include "bench/loaded_store.h"
 #include "bench/process_memory.h"
 #include "core/code_page.h"
-#include "viewer/log_loading.h"
+#include "viewer/host_loading.h"
 
 namespace tessarine::bench {
 namespace {

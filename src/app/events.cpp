@@ -23,7 +23,7 @@
 #include "viewer/event_details.h"
 #include "viewer/event_lookup.h"
 #include "viewer/filtered_redisplay.h"
-#include "viewer/log_loading.h"
+#include "viewer/host_loading.h"
 #include "viewer/record_list_clicks.h"
 
 namespace tessarine {

@@ -8,7 +8,7 @@
 #include "core/text.h"
 #include "platform/form_windows.h"
 #include "tables/log_tables.h"
-#include "viewer/log_reading.h"
+#include "viewer/log_loading.h"
 
 namespace tessarine {
 namespace {
@@ -68,7 +68,7 @@ void ShowRecords(Console& console, const std::string& HostName, const std::strin
         // full load does.
         (form.*table.table).clear();
         alerts[static_cast<std::size_t>(table.tab)] =
-            read_log(console, table, HostName, pending, counts);
+            load_log(console, table, HostName, pending, counts);
     }
     // KEEP(redisplay-resets-foreign-tab-marks): the marks of two tabs follow the one log that was
     // read, and the application's keeps what the full load gave it. Marking the tab of the log that

@@ -1,74 +1,75 @@
 #include "viewer/log_loading.h"
 
-#include <array>
+#include <cstdint>
+#include <memory>
+#include <string_view>
 
 #include "core/console_state.h"
 #include "core/error_regime.h"
-#include "core/host_rows.h"
+#include "platform/files.h"
 #include "platform/form_windows.h"
-#include "tables/log_tables.h"
-#include "viewer/log_reading.h"
+#include "store/log_files.h"
+#include "store/record_reader.h"
 
 namespace tessarine {
 namespace {
 
-struct LoadStep {
-    const LogTable& table;
-    PendingEvents pending;
-};
+void load_records(Console& console, const std::string& path, LineLoading& lines) {
+    ErrorRegime errors;
+    errors.ignore_from_here();
+    errors.run([&] {
+        const std::unique_ptr<File> file = console.platform.files.open(path, OpenFor::Reading);
+        RecordReader reader(*file);
+        std::string_view line;
+        while (reader.next(line)) lines.take_line(line);
+        file->close();
+    });
+}
 
-// The logs in the order in which they are read.
-constexpr std::array kSteps = {
-    LoadStep{kSecurityTable, PendingEvents::BehindLog},
-    LoadStep{kSystemTable, PendingEvents::No},
-    LoadStep{kApplicationTable, PendingEvents::BeforeOpening},
-};
-static_assert(kSteps[0].table.log == EventLog::Security && kSteps[2].table.tab == 2,
-              "the logs are read in an order of their own, not in that of the tabs");
+// The path of the host's file; empty when there is none.
+std::string path_if_there(Console& console, EventLog log, const std::string& host) {
+    ErrorRegime errors;
+    errors.ignore_from_here();
+    std::string path;
+    bool exists = false;
+    errors.run([&] {
+        path = host_log_path(console.Form3->txtLogPath.text, host, log);
+        exists = console.platform.files.file_exists(path);
+    });
+    return exists ? path : "";
+}
+
+bool read_file(Console& console, const LogTable& log_table, const std::string& path,
+               LoadCounts& counts) {
+    LineLoading lines(console, log_table, counts);
+    load_records(console, path, lines);
+    counts.total += lines.record_counter();
+    return lines.alert();
+}
 
 }  // namespace
 
-void vieweventlogs(Console& console) {
-    MainForm& form = console.Form1;
-    form.SystemList.set_sorted(false);
-    form.ApplicationList.set_sorted(false);
-    const int row = form.ListView1.selected_item();
-    if (row == 0) return;
-    const std::string host(form.ListView1.row(row).text());
-    ViewEventLog(console, host);
-    form.txtSelectedHost.text = "Host: " + host;
+bool load_log(Console& console, const LogTable& log_table, const std::string& host,
+              PendingEvents pending, LoadCounts& counts) {
+    FormWindows& windows = console.platform.form_windows;
+    if (pending == PendingEvents::BeforeTest) windows.let_events_pass();
+    const std::string path = path_if_there(console, log_table.log, host);
+    bool alert = false;
+    if (!path.empty()) {
+        if (pending == PendingEvents::BeforeOpening) windows.let_events_pass();
+        alert = read_file(console, log_table, path, counts);
+    } else if (!log_table.missing_text.empty()) {
+        console.Form1.st1.set_text(1, std::string(log_table.missing_text));
+    }
+    if (pending == PendingEvents::BehindLog) windows.let_events_pass();
+    return alert;
 }
 
-void ViewEventLog(Console& console, const std::string& HostName) {
-    MainForm& form = console.Form1;
-    form.List1Index.text = std::to_string(form.ListView1.selected_item());
-    ErrorRegime errors;
-    errors.ignore_from_here();
-    form.SystemList.clear();
-    form.ApplicationList.clear();
-    form.SecurityList.clear();
-    form.st1.set_text(1, "Please wait ...");
-    // KEEP(long-host-lists-load-one-host): a wider number would refuse several selected hosts
-    // there.
-    int selected = 1;
-    errors.run([&] { selected = selected_hosts(form.ListView1); });
-    if (selected > 1) {
-        form.st1.set_text(1, "");
-        return;
-    }
-    console.platform.form_windows.let_events_pass();
-    console.mouse_pointer = kPointerHourglass;
-    LoadCounts counts;
-    TabAlerts alerts{};
-    for (const auto& [table, pending] : kSteps)
-        alerts[static_cast<std::size_t>(table.tab)] =
-            read_log(console, table, HostName, pending, counts);
-    mark_tabs(form.TabStrip2, alerts, {1, 3, 2});
-    console.platform.form_windows.let_events_pass();
-    console.mouse_pointer = kPointerDefault;
-    // The empty text also wipes what was said of a missing security log.
-    form.st1.set_text(1, "");
-    show_totals(console, counts);
+void show_totals(Console& console, const LoadCounts& counts) {
+    console.Form1.st1.set_text(3,
+                               "Total: " + std::to_string(static_cast<std::int64_t>(counts.total)) +
+                                   " events    Ignored:" + std::to_string(counts.ignored) +
+                                   "    Highlighted:" + std::to_string(counts.highlighted));
 }
 
 }  // namespace tessarine

@@ -1,19 +1,26 @@
-// The full load: the three event tables filled from one host's stored files.
+// Reading the stored file of one log into its table.
 #pragma once
 
 #include <string>
+
+#include "tables/log_tables.h"
+#include "viewer/line_loading.h"
 
 namespace tessarine {
 
 struct Console;
 
-/// Loads the logs of the selected host and names it in txtSelectedHost; does nothing while no row
-/// is selected. Raises no error.
-void vieweventlogs(Console& console);
+/// Where pending window events run while one log is read: before the test whether there is a file,
+/// before that is opened, behind the whole log, or nowhere.
+enum class PendingEvents { No, BeforeTest, BeforeOpening, BehindLog };
 
-/// Throws away what the three tables hold and refills them from the host's files, in the order
-/// security, system, application. With several hosts selected the tables stay empty. Runtime errors
-/// are ignored all along.
-void ViewEventLog(Console& console, const std::string& HostName);
+/// Adds the records of the host's file to the log's table; a file that can't be opened or read
+/// further ends there. Returns whether a shown record matched the alert list. Runtime errors are
+/// ignored all along.
+bool load_log(Console& console, const LogTable& log_table, const std::string& host,
+              PendingEvents pending, LoadCounts& counts);
+
+/// The closing line of panel 3.
+void show_totals(Console& console, const LoadCounts& counts);
 
 }  // namespace tessarine

@@ -10,7 +10,7 @@
 #include "hosts/host_list.h"
 #include "hosts/host_list_files.h"
 #include "hosts/preaudited_hosts.h"
-#include "viewer/log_loading.h"
+#include "viewer/host_loading.h"
 
 namespace tessarine {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "fakes/drawn.h"
 #include "fakes/rig.h"
-#include "viewer/log_loading.h"
+#include "viewer/host_loading.h"
 
 namespace tessarine {
 namespace {

@@ -1,4 +1,4 @@
-#include "viewer/log_loading.h"
+#include "viewer/host_loading.h"
 
 #include <gtest/gtest.h>
 

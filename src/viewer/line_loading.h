@@ -23,10 +23,10 @@ struct LoadCounts {
 };
 
 /// Takes the lines of one log's file in their order. Runtime errors are ignored all along.
-class RecordRows {
+class LineLoading {
   public:
     /// The code lists are taken as they are now.
-    RecordRows(Console& console, const LogTable& log_table, LoadCounts& counts);
+    LineLoading(Console& console, const LogTable& log_table, LoadCounts& counts);
 
     void take_line(std::string_view line);
 

@@ -1,4 +1,4 @@
-#include "viewer/record_rows.h"
+#include "viewer/line_loading.h"
 
 #include "core/console_state.h"
 
@@ -9,7 +9,7 @@ constexpr std::size_t kShortestRecord = 2;
 
 }  // namespace
 
-RecordRows::RecordRows(Console& console, const LogTable& log_table, LoadCounts& counts)
+LineLoading::LineLoading(Console& console, const LogTable& log_table, LoadCounts& counts)
     : console_(console),
       log_(log_table),
       counts_(counts),
@@ -20,12 +20,12 @@ RecordRows::RecordRows(Console& console, const LogTable& log_table, LoadCounts& 
 
 // KEEP(record-counter-stays-at-32767): the step beyond the largest number fails and is ignored, so
 // the rest of a long log is shown but not counted. A wider counter looks right; "Total: " tells.
-void RecordRows::take_line(std::string_view line) {
+void LineLoading::take_line(std::string_view line) {
     if (line.size() >= kShortestRecord) show_line(EventRecord(line));
     if (!record_counter_.full()) record_counter_.add_one();
 }
 
-void RecordRows::show_line(const EventRecord& record) {
+void LineLoading::show_line(const EventRecord& record) {
     MainForm& form = console_.Form1;
     form.st1.set_count(3, {"Loading record ... ", record_counter_.value(), log_.ending});
     if (form.hideignore.checked && is_ignored(record)) {
@@ -42,7 +42,7 @@ void RecordRows::show_line(const EventRecord& record) {
 
 // KEEP(missing-code-counts-as-a-match): where the record has no code, the first test of the walk
 // fails and execution goes on inside its body, so any entry at all makes the record an ignored one.
-bool RecordRows::is_ignored(const EventRecord& record) {
+bool LineLoading::is_ignored(const EventRecord& record) {
     return ignored_codes_.entries() > 0 &&
            errors_.passes([&] { return ignored_codes_.count(record.field(Field::Event)) > 0; });
 }

@@ -1,0 +1,74 @@
+#include "viewer/host_loading.h"
+
+#include <array>
+
+#include "core/console_state.h"
+#include "core/error_regime.h"
+#include "core/host_rows.h"
+#include "platform/form_windows.h"
+#include "tables/log_tables.h"
+#include "viewer/log_loading.h"
+
+namespace tessarine {
+namespace {
+
+struct LoadStep {
+    const LogTable& table;
+    PendingEvents pending;
+};
+
+// The logs in the order in which they are read.
+constexpr std::array kSteps = {
+    LoadStep{kSecurityTable, PendingEvents::BehindLog},
+    LoadStep{kSystemTable, PendingEvents::No},
+    LoadStep{kApplicationTable, PendingEvents::BeforeOpening},
+};
+static_assert(kSteps[0].table.log == EventLog::Security && kSteps[2].table.tab == 2,
+              "the logs are read in an order of their own, not in that of the tabs");
+
+}  // namespace
+
+void vieweventlogs(Console& console) {
+    MainForm& form = console.Form1;
+    form.SystemList.set_sorted(false);
+    form.ApplicationList.set_sorted(false);
+    const int row = form.ListView1.selected_item();
+    if (row == 0) return;
+    const std::string host(form.ListView1.row(row).text());
+    ViewEventLog(console, host);
+    form.txtSelectedHost.text = "Host: " + host;
+}
+
+void ViewEventLog(Console& console, const std::string& HostName) {
+    MainForm& form = console.Form1;
+    form.List1Index.text = std::to_string(form.ListView1.selected_item());
+    ErrorRegime errors;
+    errors.ignore_from_here();
+    form.SystemList.clear();
+    form.ApplicationList.clear();
+    form.SecurityList.clear();
+    form.st1.set_text(1, "Please wait ...");
+    // KEEP(long-host-lists-load-one-host): a wider number would refuse several selected hosts
+    // there.
+    int selected = 1;
+    errors.run([&] { selected = selected_hosts(form.ListView1); });
+    if (selected > 1) {
+        form.st1.set_text(1, "");
+        return;
+    }
+    console.platform.form_windows.let_events_pass();
+    console.mouse_pointer = kPointerHourglass;
+    LoadCounts counts;
+    TabAlerts alerts{};
+    for (const auto& [table, pending] : kSteps)
+        alerts[static_cast<std::size_t>(table.tab)] =
+            load_log(console, table, HostName, pending, counts);
+    mark_tabs(form.TabStrip2, alerts, {1, 3, 2});
+    console.platform.form_windows.let_events_pass();
+    console.mouse_pointer = kPointerDefault;
+    // The empty text also wipes what was said of a missing security log.
+    form.st1.set_text(1, "");
+    show_totals(console, counts);
+}
+
+}  // namespace tessarine
