@@ -1,6 +1,8 @@
 #include "store/event_record.h"
 
+#include <charconv>
 #include <cstring>
+#include <system_error>
 
 #include "core/regional_text.h"
 #include "core/runtime_error.h"
@@ -12,19 +14,23 @@ std::string_view text_of(const EventProperties::Property& property) {
     return property.value_or(std::string_view());
 }
 
-// Positions from 1 and a length, as far as the text goes.
-std::string part(std::string_view text, std::size_t position, std::size_t length) {
-    return position > text.size() ? std::string() : std::string(text.substr(position - 1, length));
+// What `length` characters from `position`, counted from 1, write out as a number, as far as the
+// stamp goes; below 0 when that is none.
+int number_at(std::string_view stamp, std::size_t position, std::size_t length) {
+    if (position > stamp.size()) return -1;
+    const std::string_view digits = stamp.substr(position - 1, length);
+    const char* const digits_end = digits.data() + digits.size();
+    int number = -1;
+    const auto [end, error] = std::from_chars(digits.data(), digits_end, number);
+    return error == std::errc() && end == digits_end ? number : -1;
 }
 
-std::string date_text(const RegionalText& regional, std::string_view stamp) {
-    return regional.date(
-        date_of_text(part(stamp, 5, 2) + "/" + part(stamp, 7, 2) + "/" + part(stamp, 1, 4)));
+Date date_of(std::string_view stamp) {
+    return calendar_date(number_at(stamp, 1, 4), number_at(stamp, 5, 2), number_at(stamp, 7, 2));
 }
 
-std::string time_text(const RegionalText& regional, std::string_view stamp) {
-    return regional.time(
-        time_of_text(part(stamp, 9, 2) + ":" + part(stamp, 11, 2) + ":" + part(stamp, 13, 2)));
+TimeOfDay time_of(std::string_view stamp) {
+    return time_of_day(number_at(stamp, 9, 2), number_at(stamp, 11, 2), number_at(stamp, 13, 2));
 }
 
 // Appends the message with each CR LF as one "~"; a lone CR or LF stays as it is.
@@ -64,13 +70,14 @@ std::string_view EventRecord::field(int index) const {
 std::string_view RecordWriter::line_of(const EventProperties& event) {
     const std::string_view stamp = text_of(event.TimeGenerated);
     if (date_key_.empty() || stamp.substr(0, 8) != date_key_) {
-        date_text_ = date_text(regional_, stamp);
+        date_text_ = regional_.date(date_of(stamp));
         date_key_ = stamp.substr(0, 8);
     }
     const std::string_view user = text_of(event.User);
     line_.assign(text_of(event.Type)) += '|';
     line_.append(date_text_) += '|';
-    line_.append(time_text(regional_, stamp)) += '|';
+    regional_.append_time(line_, time_of(stamp));
+    line_ += '|';
     line_.append(text_of(event.SourceName)) += '|';
     line_.append(text_of(event.EventCode)) += '|';
     line_.append(user.empty() ? "N/A" : user) += '|';

@@ -5,35 +5,15 @@
 
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 
 #include "adapters/system_file_size_limit.h"
 #include "adapters/system_temporary_folder.h"
 #include "core/runtime_error.h"
+#include "fakes/environment.h"
 #include "office/bitmap.h"
 
 namespace tessarine {
 namespace {
-
-// Where temporary files go, for the time of a test.
-class TemporaryFolderOfUser {
-  public:
-    explicit TemporaryFolderOfUser(const std::string& folder) {
-        if (const char* before = std::getenv("TMPDIR")) before_ = before;
-        ::setenv("TMPDIR", folder.c_str(), 1);
-    }
-    ~TemporaryFolderOfUser() {
-        if (before_.empty())
-            ::unsetenv("TMPDIR");
-        else
-            ::setenv("TMPDIR", before_.c_str(), 1);
-    }
-    TemporaryFolderOfUser(const TemporaryFolderOfUser&) = delete;
-    TemporaryFolderOfUser& operator=(const TemporaryFolderOfUser&) = delete;
-
-  private:
-    std::string before_;
-};
 
 class XlsxWorkbooksTest : public testing::Test {
   protected:
@@ -65,7 +45,7 @@ class XlsxWorkbooksTest : public testing::Test {
     }
 
     TemporaryFolder folder;
-    TemporaryFolderOfUser of_user{folder.path()};
+    fakes::Environment of_user{"TMPDIR", folder.path().c_str()};
 };
 
 Sheet column_of(const std::vector<std::string>& texts) {
@@ -181,7 +161,7 @@ TEST_F(XlsxWorkbooksTest, WhatCannotBeWrittenIsToldAndLeavesNoFile) {
 
 TEST_F(XlsxWorkbooksTest, AFolderThatTakesNoFileIsToldInWords) {
     const auto told = [this](const std::string& name) {
-        const TemporaryFolderOfUser other(folder.path_of(name));
+        const fakes::Environment other("TMPDIR", folder.path_of(name).c_str());
         return error_of({column_of({"1"})});
     };
     EXPECT_EQ(told("missing"),

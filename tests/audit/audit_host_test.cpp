@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <locale>
 #include <string>
 
 #include "audit/event_query.h"
 #include "core/code_page.h"
 #include "fakes/drawn.h"
+#include "fakes/environment.h"
 #include "fakes/rig.h"
+#include "viewer/filtered_redisplay.h"
 
 namespace tessarine {
 namespace {
@@ -44,6 +48,27 @@ class AuditHostTest : public testing::Test {
     Rig rig;
     ScriptedHost& host = rig.network.hosts["PC1"] = three_records();
 };
+
+// What one machine has stored is shown as it is on any other.
+TEST_F(AuditHostTest, WritesDatesInTheFormsOfTheMachineForEveryReader) {
+    host.records = {HostEvent{.TimeGenerated = "20041103180705.000000+060"}};
+    for (const auto& [locale, date, time] : {std::array{"de_DE.UTF-8", "03.11.2004", "18:07:05"},
+                                             std::array{"en_US.UTF-8", "11/03/2004", "06:07:05 PM"},
+                                             std::array{"en_GB.UTF-8", "03/11/2004", "18:07:05"},
+                                             std::array{"ja_JP.UTF-8", "2004/11/03", "18:07:05"}}) {
+        if (!fakes::has_locale(locale)) GTEST_SKIP() << locale << " is not installed";
+        rig.console.regional = RegionalText(std::locale(locale));
+        audit();
+        const std::string stamp = std::string("|") + date + "|" + time + "|";
+        EXPECT_EQ(rig.files.bytes(kSystem),
+                  "information" + stamp + "Tcpip|4201|N/A|PC1|Ready.\r\n");
+        const fakes::Environment zone("TZ", "Asia/Kolkata");
+        rig.console.regional = RegionalText();
+        rig.run([](Console& console) { ShowRecords(console, "PC1", "system"); });
+        EXPECT_EQ(drawn(rig, "SystemList"),
+                  "\nSystemList:\n  3|information" + stamp + "Tcpip|4201|N/A|PC1|Ready.\n");
+    }
+}
 
 TEST_F(AuditHostTest, WritesEachLogInTheHostsOrderAndDropsOthers) {
     fakes::StatusHistory history(rig.console.Form1.st1);

@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <ctime>
 #include <locale>
 #include <string>
+#include <utility>
 
 #include "core/runtime_error.h"
+#include "fakes/environment.h"
 
 namespace tessarine {
 namespace {
@@ -17,32 +21,79 @@ TEST(RegionalText, HasFixedFormsInTheClassicLocale) {
     EXPECT_EQ(text.time({23, 59, 59}), "11:59:59 PM");
 }
 
-// Writes as machines do that put direction marks around the parts of a date.
-class MarkedDates final : public std::time_put<char> {
-    iter_type do_put(iter_type out, std::ios_base& stream, char fill, const std::tm* tm,
-                     char conversion, char modifier) const override {
-        const std::string mark = "\u200E";
-        out = std::copy(mark.begin(), mark.end(), out);
-        return time_put::do_put(out, stream, fill, tm, conversion, modifier);
-    }
+struct LocaleForms {
+    const char* name;
+    const char* date;
+    const char* morning;
+    const char* evening;
 };
 
-TEST(RegionalText, TakesOtherFormsFromTheLocale) {
-    const RegionalText text(std::locale(std::locale::classic(), new MarkedDates));
-    EXPECT_EQ(text.date_time({{2004, 11, 30}, {23, 59, 58}}), "11/30/04 23:59:58");
+// The year is whole also where the locale shortens it, and what the code page lacks parts numbers.
+constexpr LocaleForms kForms[] = {
+    {"de_DE.UTF-8", "09.03.2004", "06:07:05", "18:07:05"},
+    {"en_US.UTF-8", "03/09/2004", "06:07:05 AM", "06:07:05 PM"},
+    {"en_GB.UTF-8", "09/03/2004", "06:07:05", "18:07:05"},
+    {"ja_JP.UTF-8", "2004/03/09", "06:07:05", "18:07:05"},
+};
+
+TEST(RegionalText, HasTheFormsOfTheMachinesLocale) {
+    for (const LocaleForms& forms : kForms) {
+        SCOPED_TRACE(forms.name);
+        if (!fakes::has_locale(forms.name)) GTEST_SKIP() << "the locale is not installed";
+        const fakes::Environment environment("LC_ALL", forms.name);
+        const RegionalText text = RegionalText::of_this_machine();
+        EXPECT_EQ(text.date({2004, 3, 9}), forms.date);
+        EXPECT_EQ(text.time({6, 7, 5}), forms.morning);
+        EXPECT_EQ(text.time({18, 7, 5}), forms.evening);
+    }
+    const fakes::Environment environment("LC_ALL", "xx_XX.UTF-8");
+    EXPECT_EQ(RegionalText::of_this_machine().date({2004, 3, 9}), "3/9/2004") << "no such locale";
+}
+
+// A locale whose dates and times are these texts.
+class Written final : public std::time_put<char> {
+  public:
+    Written(std::string date, std::string time) : date_(std::move(date)), time_(std::move(time)) {}
+
+  private:
+    iter_type do_put(iter_type out, std::ios_base&, char, const std::tm* tm, char conversion,
+                     char) const override {
+        char text[100];
+        const std::string& form = conversion == 'x' ? date_ : time_;
+        const std::size_t length = std::strftime(text, sizeof text, form.c_str(), tm);
+        return std::copy(text, text + length, out);
+    }
+
+    std::string date_, time_;
+};
+
+std::string written(const std::string& date, const std::string& time) {
+    const RegionalText text(std::locale(std::locale::classic(), new Written(date, time)));
+    return text.date_time({{2022, 12, 22}, {22, 3, 4}});
+}
+
+TEST(RegionalText, WritesWhatCanBeReadLater) {
+    EXPECT_EQ(written("\u200E%d\u200E/%m/%y", "%H\u202F%M %S"), "22/12/2022 22 03 04");
+    EXPECT_EQ(written("%a %y-%m-%d", "%H:%M:%S"), "Thu 2022-12-22 22:03:04");
+    EXPECT_EQ(written("%Y年%m月%d日", "午後%H時 %M分%S秒"), "2022/12/22 22: 03:04");
+    // Without a year, without an hour, or with half of the hours.
+    EXPECT_EQ(written("%d.%m.", "%M:%S"), "12/22/2022 10:03:04 PM");
+    EXPECT_EQ(written("", "午後%I時%M分%S秒"), "12/22/2022 10:03:04 PM");
 }
 
 TEST(RegionalText, ReadsOnlyDatesOfTheCalendar) {
     EXPECT_EQ(date_of_text("2/29/2004"), (Date{2004, 2, 29}));
     EXPECT_EQ(date_of_text("02/09/2004"), (Date{2004, 2, 9}));
-    EXPECT_EQ(time_of_text("23:59:09"), (TimeOfDay{23, 59, 9}));
+    EXPECT_EQ(time_of_day(23, 59, 9), (TimeOfDay{23, 59, 9}));
     for (const char* text :
          {"", "full", "2/29/2003", "13/1/2004", "0/1/2004", "1/0/2004", "1/1/99999", "1/1",
           "1/1/2004/1", "1/1/2004 ", " 1/1/2004", "-1/1/2004", "1//2004", "257/1/2004",
           "1/257/2004", "1/1/0", "99999999999/1/2004"})
         EXPECT_THROW(date_of_text(text), RuntimeError) << text;
-    for (const char* text : {"24:00:00", "0:60:0", "0:0:60", "1:2", ":::"})
-        EXPECT_THROW(time_of_text(text), RuntimeError) << text;
+    EXPECT_THROW(time_of_day(24, 0, 0), RuntimeError);
+    EXPECT_THROW(time_of_day(0, 60, 0), RuntimeError);
+    EXPECT_THROW(time_of_day(0, 0, 60), RuntimeError);
+    EXPECT_THROW(time_of_day(0, -1, 0), RuntimeError);
 }
 
 TEST(RegionalText, KnowsTheNextDay) {
