@@ -60,6 +60,7 @@ class Parts {
     const MadeUpEvents events_{"HOST01"};
     IdlePlatform idle_;
     Console console_{idle_.platform()};
+    const ErrorRegime errors_{};
 };
 
 Parts::Parts() {
@@ -100,7 +101,7 @@ void Parts::add_all() {
     add_for_records("splitter", [](const EventRecord& record) {
         return static_cast<std::size_t>(EventRecord(record.text().line).field_count());
     });
-    TableRows rows(console_, console_.Form1.SecurityList, kSecurityTypes);
+    TableRows rows(console_, console_.Form1.SecurityList, kSecurityTypes, errors_);
     add_for_records("type", [rows](const EventRecord& record) {
         return rows.type_of(record) == nullptr ? std::size_t{0} : 1;
     });

@@ -6,6 +6,7 @@
 
 #include "core/console_state.h"
 #include "core/counter16.h"
+#include "core/log_facts.h"
 #include "platform/form_windows.h"
 
 namespace tessarine {
@@ -16,19 +17,19 @@ constexpr std::array kEventTypes = {kErrorLegend, kInformationLegend, kWarningLe
 constexpr std::array kAuditTypes = {kFailureLegend, kSuccessLegend};
 
 struct GraphedLog {
+    EventLog log;
     std::string_view word;
-    ListControl MainForm::*table;
     std::span<const LegendEntry> types;
 };
 
 constexpr std::array kLogs = {
-    GraphedLog{"systemlog", &MainForm::SystemList, kEventTypes},
-    GraphedLog{"applog", &MainForm::ApplicationList, kEventTypes},
-    GraphedLog{"seclog", &MainForm::SecurityList, kAuditTypes},
+    GraphedLog{EventLog::System, "systemlog", kEventTypes},
+    GraphedLog{EventLog::Application, "applog", kEventTypes},
+    GraphedLog{EventLog::Security, "seclog", kAuditTypes},
 };
 
-// KEEP(graph-counts-stop-at-32767): a count that would go beyond stays there. A wider number looks
-// right. Each further row of a large table would raise, so the counter is asked first.
+// Each further row of a large table would raise an error that is passed over, so the counter is
+// asked first. KEEP(graph-counts-stop-at-32767): a wider number would count those rows too.
 std::int64_t count_rows(ListControl& table, int icon) {
     Counter16 count;
     for (int row = 1; row <= table.count() && !count.full(); ++row)
@@ -55,20 +56,12 @@ void LogAnalyze(Console& console, std::string_view OpenLog) {
     chart.points.clear();
     for (const LegendEntry& type : log->types) {
         chart.series.push_back({std::string(type.label), type.colour});
-        chart.points.push_back(count_rows(console.Form1.*log->table, type.icon));
+        chart.points.push_back(count_rows(table_of(console.Form1, log->log), type.icon));
     }
 }
 
-void graph_system_log(Console& console) {
-    LogAnalyze(console, "systemlog");
-}
-
-void graph_application_log(Console& console) {
-    LogAnalyze(console, "applog");
-}
-
-void graph_security_log(Console& console) {
-    LogAnalyze(console, "seclog");
+void graph_log(Console& console, EventLog log) {
+    LogAnalyze(console, kLogs[static_cast<std::size_t>(log)].word);
 }
 
 }  // namespace tessarine

@@ -39,13 +39,10 @@ bool starts_with(std::string_view text, std::string_view start) {
 
 }  // namespace
 
-// KEEP(lines-without-a-code-count-for-all-codes): the comparison with a code that isn't there fails
-// and counts as passed on each row of the table, and no row is added. Passing such a line over
-// looks right. The chart counts it like any other.
-//
-// KEEP(unknown-types-take-the-icon-before): the icon of a line whose type the log does not know is
-// the one of the line before, also of another host's. No icon looks right; only a run that begins
-// with such lines has that.
+// KEEP(lines-without-a-code-count-for-all-codes): passing over such a line would leave out the 1
+// that a comparison with a missing code, which counts as passed, adds on each row.
+// KEEP(unknown-types-take-the-icon-before): no icon for such a line would leave its row without the
+// picture of the line before.
 void LogLineCount::take_line(std::string_view line) {
     Head fields;
     const std::size_t count = split_head(line, fields);
@@ -74,9 +71,9 @@ const LogLineCount::SeenType& LogLineCount::seen_type(std::string_view word) {
     return seen_.emplace_back(classified(word));
 }
 
-// KEEP(charts-go-by-first-letters): a line counts in the chart when it starts like a type, and gets
-// an icon when its whole type is known. One test for both looks right, but "Infos" is in the chart
-// and has no icon of its own. No start has a "|" in it, so that of the line is that of its type.
+// No start has a "|" in it, so the start of a line is that of its type.
+// KEEP(charts-go-by-first-letters): one test for both would take "Infos" out of the chart, or give
+// it an icon.
 LogLineCount::SeenType LogLineCount::classified(std::string_view word) const {
     SeenType type{std::string(word), 0, kMostTypes};
     for (std::size_t i = 0; i < types_.size(); ++i) {

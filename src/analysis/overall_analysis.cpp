@@ -12,6 +12,8 @@
 #include "core/console_state.h"
 #include "core/counter16.h"
 #include "core/error_regime.h"
+#include "core/icons.h"
+#include "core/log_facts.h"
 #include "core/tabs.h"
 #include "core/text.h"
 #include "platform/directory_listing.h"
@@ -33,32 +35,26 @@ constexpr std::array kAuditTypes = {
     CountedType{kAuditSuccess, kAuditSuccess, kIconAuditSuccess},
 };
 
-// KEEP(analysis-takes-names-without-underscore): the ending of a file's name begins with the word.
-// The store's own suffix looks right, but host-system.log belongs here as well.
 struct AnalysedLog {
-    std::string_view word;
-    std::string_view ending;
+    EventLog log;
     CheckBox MainForm::*box;
-    ListControl MainForm::*table;
-    Chart MainForm::*chart;
     std::span<const CountedType> types;
 };
 
 constexpr std::array kLogs = {
-    AnalysedLog{"system", "system.log", &MainForm::Check4, &MainForm::ListView2, &MainForm::sysPie,
-                kEventTypes},
-    AnalysedLog{"application", "application.log", &MainForm::Check5, &MainForm::ListView3,
-                &MainForm::appPie, kEventTypes},
-    AnalysedLog{"security", "security.log", &MainForm::Check6, &MainForm::ListView4,
-                &MainForm::SecPie, kAuditTypes},
+    AnalysedLog{EventLog::System, &MainForm::Check4, kEventTypes},
+    AnalysedLog{EventLog::Application, &MainForm::Check5, kEventTypes},
+    AnalysedLog{EventLog::Security, &MainForm::Check6, kAuditTypes},
 };
 
-constexpr int kSummaryTab = 4;
+// KEEP(analysis-takes-names-without-underscore): the whole suffix would pass over host-system.log.
+std::string ending_of(EventLog log) {
+    return std::string(facts_of(log).file_suffix.substr(1));
+}
 
 using Entries = std::vector<DirectoryListing::Entry>;
 
-// KEEP(analysis-progress-stops-at-32767): the number of files is counted as far as that, and the
-// bar can't go beyond its end. The files behind are analysed all the same.
+// KEEP(analysis-progress-stops-at-32767): a wider number would let the bar go on to the last file.
 void set_bar_maximum(ProgressBar& bar, const Entries& files, const ErrorRegime& errors) {
     const std::size_t count = std::min<std::size_t>(files.size(), kMost16);
     errors.run([&] { bar.set_maximum(static_cast<std::int64_t>(count)); });
@@ -89,12 +85,13 @@ void fill_table(ListControl& table, const std::vector<CodeCount>& codes) {
 
 void analyse(Console& console, const AnalysedLog& log, const ErrorRegime& errors) {
     MainForm& form = console.Form1;
-    (form.*log.table).clear();
+    ListControl& table = analysis_of(form, log.log);
+    table.clear();
     std::string folder;
     Entries files;
     errors.run([&] {
         folder = data_folder(console.Form3->txtLogPath.text);
-        files = console.platform.directory_listing.files_ending_in(folder, std::string(log.ending));
+        files = console.platform.directory_listing.files_ending_in(folder, ending_of(log.log));
     });
     set_bar_maximum(form.pbar1, files, errors);
     LogLineCount lines(log.types);
@@ -103,8 +100,8 @@ void analyse(Console& console, const AnalysedLog& log, const ErrorRegime& errors
         if (file.size != 0)
             errors.run([&] { count_lines(console, path_in(folder, file.name), lines); });
     }
-    fill_table(form.*log.table, lines.codes());
-    (form.*log.chart).points = lines.starts();
+    fill_table(table, lines.codes());
+    (form.*facts_of(log.log).chart).points = lines.starts();
 }
 
 }  // namespace
@@ -115,7 +112,7 @@ void run_overall_analysis(Console& console) {
     for (const AnalysedLog& log : kLogs) {
         if ((form.*log.box).value == 0) continue;
         console.mouse_pointer = kPointerHourglass;
-        OverAllAnalysis(console, log.word);
+        OverAllAnalysis(console, facts_of(log.log).word);
         console.mouse_pointer = kPointerDefault;
     }
     form.TabStrip2.selected = kSummaryTab;
@@ -123,16 +120,14 @@ void run_overall_analysis(Console& console) {
 }
 
 void OverAllAnalysis(Console& console, std::string_view LogFile) {
-    MainForm& form = console.Form1;
-    ErrorRegime errors;
-    errors.ignore_from_here();
-    form.pbar1.set_value(0);
-    const auto* log = std::find_if(kLogs.begin(), kLogs.end(), [&](const AnalysedLog& each) {
-        return same_text(LogFile, each.word);
+    ignoring_errors([&](const ErrorRegime& errors) {
+        MainForm& form = console.Form1;
+        form.pbar1.set_value(0);
+        for (const AnalysedLog& log : kLogs)
+            if (same_text(LogFile, facts_of(log.log).word)) analyse(console, log, errors);
+        form.pbar1.set_value(0);
+        form.st1.set_text(3, "");
     });
-    if (log != kLogs.end()) analyse(console, *log, errors);
-    form.pbar1.set_value(0);
-    form.st1.set_text(3, "");
 }
 
 }  // namespace tessarine

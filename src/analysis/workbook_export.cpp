@@ -9,6 +9,7 @@
 
 #include "core/console_state.h"
 #include "core/counter16.h"
+#include "core/log_facts.h"
 #include "platform/chart_picture.h"
 #include "platform/clipboard.h"
 #include "platform/dialogs.h"
@@ -23,15 +24,14 @@ namespace {
 
 struct AnalysisSheet {
     std::string_view name;
-    ListControl MainForm::*table;
-    Chart MainForm::*chart;
+    EventLog log;
 };
 
 // In the order of the sheets, which isn't that of the tabs.
 constexpr std::array kAnalysisSheets = {
-    AnalysisSheet{"Application Events", &MainForm::ListView3, &MainForm::appPie},
-    AnalysisSheet{"System Events", &MainForm::ListView2, &MainForm::sysPie},
-    AnalysisSheet{"Security Events", &MainForm::ListView4, &MainForm::SecPie},
+    AnalysisSheet{"Application Events", EventLog::Application},
+    AnalysisSheet{"System Events", EventLog::System},
+    AnalysisSheet{"Security Events", EventLog::Security},
 };
 
 // Where a table stands in its sheet, from column A on.
@@ -49,9 +49,9 @@ constexpr TablePlace kListPlace{.captions = 1, .first_row = 3, .bold_captions = 
 constexpr int kTypeColumn = 5;
 constexpr int kCountColumn = 6;
 
-// KEEP(export-takes-the-clipboard): the picture goes over the desktop's clipboard, and what was
-// there is lost. Drawing it straight into the sheet looks right; the chart stays on the clipboard.
-// KEEP(export-leaves-the-last-chart): all three pictures go through one file, which stays.
+// KEEP(export-takes-the-clipboard): a picture that is drawn straight into the sheet would leave the
+// clipboard as it was.
+// KEEP(export-leaves-the-last-chart): removing the file would leave no picture there.
 std::string picture_of(Console& console, const Chart& chart) {
     const Platform& platform = console.platform;
     platform.chart_picture.copy_to_clipboard(chart);
@@ -72,8 +72,8 @@ void add_table(Sheet& sheet, ListControl& table, const TablePlace& place) {
     for (int column = 1; column <= columns; ++column)
         add_cell(sheet, place.captions, column,
                  table.columns[static_cast<std::size_t>(column - 1)].caption, place.bold_captions);
-    // KEEP(long-tables-fail-to-export): the rows are counted in a signed 16-bit number. A wider one
-    // looks right; a longer table ends the console before its sheet has a row.
+    // KEEP(long-tables-fail-to-export): a wider number would export a table that is to end in an
+    // overflow.
     const int rows = count16(table.count());
     for (int number = 1; number <= rows; ++number) {
         const ListControl::Row row = table.row(number);
@@ -112,18 +112,20 @@ void show_workbook(Console& console, const std::vector<Sheet>& sheets) {
 
 void AnalysisExport(Console& console) {
     std::vector<Sheet> sheets;
-    for (const auto& [name, table, chart] : kAnalysisSheets) {
+    for (const auto& [name, log] : kAnalysisSheets) {
+        const Chart& chart = console.Form1.*facts_of(log).chart;
         Sheet& sheet = sheets.emplace_back();
-        sheet.picture = picture_of(console, console.Form1.*chart);
-        add_table(sheet, console.Form1.*table, kBelowPicture);
-        add_types(sheet, console.Form1.*chart);
+        sheet.picture = picture_of(console, chart);
+        add_table(sheet, analysis_of(console.Form1, log), kBelowPicture);
+        add_types(sheet, chart);
         sheet.name = name;
     }
     show_workbook(console, sheets);
 }
 
 void ExpoXL(Console& console, ListControl& LV1, ListControl& LV2, ListControl& LV3) {
-    // KEEP(list-export-asks-for-its-first-list-alone): the other two may hold rows or not.
+    // KEEP(list-export-asks-for-its-first-list-alone): asking for rows in the other two would
+    // refuse what is to be exported.
     if (LV1.count() == 0) {
         console.Form1.st1.set_text(1, "Error. Populate the list first");
         return;
@@ -137,8 +139,8 @@ void ExpoXL(Console& console, ListControl& LV1, ListControl& LV2, ListControl& L
     add_sheet("System Log", LV1);
     add_sheet("Application Log", LV2);
     add_sheet("Security Log", LV3);
-    // KEEP(list-export-saves-under-no-name): the answer isn't kept. Saving there looks right; the
-    // program that shows the workbook saves it.
+    // KEEP(list-export-saves-under-no-name): saving there would write a file of which the program
+    // that shows the workbook knows nothing.
     console.platform.dialogs.ask_save_name("test.xls");
     show_workbook(console, sheets);
 }

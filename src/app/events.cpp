@@ -12,6 +12,7 @@
 #include "chrome/start_up.h"
 #include "chrome/view_menu.h"
 #include "core/console_state.h"
+#include "core/event_log.h"
 #include "core/tabs.h"
 #include "hosts/add_host_dialog.h"
 #include "hosts/host_list.h"
@@ -35,6 +36,17 @@ void plain(Console& console, const InputDetails&) {
     routine(console);
 }
 
+// A routine that is about one of the three logs.
+template <auto routine, EventLog log>
+void of(Console& console, const InputDetails&) {
+    routine(console, log);
+}
+
+template <auto routine, EventLog log>
+void with(Console& console, const InputDetails& details) {
+    routine(console, log, details);
+}
+
 void press_on_host_list_with(Console& console, const InputDetails& details) {
     press_on_host_list(console, details.button);
 }
@@ -53,6 +65,7 @@ void draw_graph_as(Console& console, const InputDetails&) {
 
 using enum ChartType;
 using enum EventKind;
+using enum EventLog;
 using enum FormId;
 
 constexpr std::array kEvents = {
@@ -85,25 +98,25 @@ constexpr std::array kEvents = {
     ControlEvent{Form1, "txtSelectedHost", MouseDown, press_on_selected_host},
 
     // The event tables.
-    ControlEvent{Form1, "SystemList", MouseUp, release_on_system_list},
-    ControlEvent{Form1, "ApplicationList", MouseUp, release_on_application_list},
-    ControlEvent{Form1, "SecurityList", MouseUp, release_on_security_list},
-    ControlEvent{Form1, "SystemList", DoubleClick, plain<open_system_event>},
-    ControlEvent{Form1, "ApplicationList", DoubleClick, plain<open_application_event>},
-    ControlEvent{Form1, "SecurityList", DoubleClick, plain<open_security_event>},
-    ControlEvent{Form1, "SystemList", ColumnClick, click_column_of_system_list},
-    ControlEvent{Form1, "ApplicationList", ColumnClick, click_column_of_application_list},
+    ControlEvent{Form1, "SystemList", MouseUp, with<release_on_events, System>},
+    ControlEvent{Form1, "ApplicationList", MouseUp, with<release_on_events, Application>},
+    ControlEvent{Form1, "SecurityList", MouseUp, with<release_on_events, Security>},
+    ControlEvent{Form1, "SystemList", DoubleClick, of<open_event, System>},
+    ControlEvent{Form1, "ApplicationList", DoubleClick, of<open_event, Application>},
+    ControlEvent{Form1, "SecurityList", DoubleClick, of<open_event, Security>},
+    ControlEvent{Form1, "SystemList", ColumnClick, with<click_column, System>},
+    ControlEvent{Form1, "ApplicationList", ColumnClick, with<click_column, Application>},
     ControlEvent{Form1, "addtohighlightlist", Click, plain<addtohighlightlist>},
     ControlEvent{Form1, "addtoignore", Click, plain<addtoignore>},
     ControlEvent{Form1, "mslookup", Click, plain<mslookup>},
-    ControlEvent{Form1, "SysErrors", Click, plain<click_system_box>},
-    ControlEvent{Form1, "SysWarnings", Click, plain<click_system_box>},
-    ControlEvent{Form1, "SysInformations", Click, plain<click_system_box>},
-    ControlEvent{Form1, "AppErrors", Click, plain<click_application_box>},
-    ControlEvent{Form1, "AppWarnings", Click, plain<click_application_box>},
-    ControlEvent{Form1, "AppInformations", Click, plain<click_application_box>},
-    ControlEvent{Form1, "SecSucc", Click, plain<click_security_box>},
-    ControlEvent{Form1, "SecFail", Click, plain<click_security_box>},
+    ControlEvent{Form1, "SysErrors", Click, of<click_type_box, System>},
+    ControlEvent{Form1, "SysWarnings", Click, of<click_type_box, System>},
+    ControlEvent{Form1, "SysInformations", Click, of<click_type_box, System>},
+    ControlEvent{Form1, "AppErrors", Click, of<click_type_box, Application>},
+    ControlEvent{Form1, "AppWarnings", Click, of<click_type_box, Application>},
+    ControlEvent{Form1, "AppInformations", Click, of<click_type_box, Application>},
+    ControlEvent{Form1, "SecSucc", Click, of<click_type_box, Security>},
+    ControlEvent{Form1, "SecFail", Click, of<click_type_box, Security>},
     ControlEvent{Form1, "print", Click, plain<print_current_page>},
 
     // The search.
@@ -113,9 +126,9 @@ constexpr std::array kEvents = {
     // The analysis and its tables.
     ControlEvent{Form1, "Command3", Click, plain<run_overall_analysis>},
     ControlEvent{Form1, "Command7", Click, plain<AnalysisExport>},
-    ControlEvent{Form1, "ListView2", MouseUp, release_on_system_analysis},
-    ControlEvent{Form1, "ListView3", MouseUp, release_on_application_analysis},
-    ControlEvent{Form1, "ListView4", MouseUp, release_on_security_analysis},
+    ControlEvent{Form1, "ListView2", MouseUp, with<release_on_analysis, System>},
+    ControlEvent{Form1, "ListView3", MouseUp, with<release_on_analysis, Application>},
+    ControlEvent{Form1, "ListView4", MouseUp, with<release_on_analysis, Security>},
     ControlEvent{Form1, "Option4", Click, draw_as<&MainForm::sysPie, Pie>},
     ControlEvent{Form1, "Option5", Click, draw_as<&MainForm::sysPie, Bar>},
     ControlEvent{Form1, "Option2", Click, draw_as<&MainForm::appPie, Pie>},
@@ -127,9 +140,9 @@ constexpr std::array kEvents = {
 
     // The graph of a host.
     ControlEvent{Form1, "graphicalview", Click, plain<graphicalview>},
-    ControlEvent{Form5, "Option1", Click, plain<graph_system_log>},
-    ControlEvent{Form5, "Option2", Click, plain<graph_application_log>},
-    ControlEvent{Form5, "Option3", Click, plain<graph_security_log>},
+    ControlEvent{Form5, "Option1", Click, of<graph_log, System>},
+    ControlEvent{Form5, "Option2", Click, of<graph_log, Application>},
+    ControlEvent{Form5, "Option3", Click, of<graph_log, Security>},
     ControlEvent{Form5, "Option4", Click, draw_graph_as<Pie>},
     ControlEvent{Form5, "Option5", Click, draw_graph_as<Bar>},
 

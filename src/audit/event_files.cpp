@@ -5,14 +5,15 @@
 
 #include "audit/log_archive.h"
 #include "core/console_state.h"
+#include "core/log_facts.h"
 #include "core/runtime_error.h"
 
 namespace tessarine {
 
 EventFiles::EventFiles(const RegionalText& regional, const LogSelection& selection)
-    : logs_{{{EventLog::System, "System", selection.SelSystem, nullptr},
-             {EventLog::Application, "Application", selection.SelApplication, nullptr},
-             {EventLog::Security, "Security", selection.SelSecurity, nullptr}}},
+    : logs_{{{EventLog::System, selection.SelSystem, nullptr},
+             {EventLog::Application, selection.SelApplication, nullptr},
+             {EventLog::Security, selection.SelSecurity, nullptr}}},
       writer_(regional) {}
 
 // KEEP(every-log-file-is-opened): the selected logs don't matter here. Opening those alone looks
@@ -29,7 +30,7 @@ void EventFiles::open(Console& console, const std::string& host) {
 void EventFiles::write(const EventProperties& event) {
     const std::string_view name = event.LogFile.value_or(std::string_view());
     for (LogFile& log : logs_)
-        if (log.selected && name == log.name) log.file->write(writer_.line_of(event));
+        if (log.selected && name == facts_of(log.log).name) log.file->write(writer_.line_of(event));
 }
 
 void EventFiles::close() {

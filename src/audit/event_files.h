@@ -35,7 +35,6 @@ class EventFiles {
   private:
     struct LogFile {
         EventLog log;
-        std::string_view name;  // as the host reports it
         bool selected;
         std::unique_ptr<File> file;
     };

@@ -39,4 +39,13 @@ class ErrorRegime {
     bool ignoring_ = false;
 };
 
+/// The body of a routine that ignores errors from its first statement on: it gets the regime, and
+/// its result is handed on.
+template <class Body>
+auto ignoring_errors(Body&& body) {
+    ErrorRegime errors;
+    errors.ignore_from_here();
+    return std::forward<Body>(body)(std::as_const(errors));
+}
+
 }  // namespace tessarine

@@ -1,10 +1,10 @@
 #include "core/tabs.h"
 
 #include <cstddef>
-#include <string>
 
 #include "core/console_state.h"
-#include "core/text.h"
+#include "core/icons.h"
+#include "core/log_facts.h"
 
 namespace tessarine {
 namespace {
@@ -38,7 +38,7 @@ void PositionMain(Console& console) {
     form.main_tab = 1;
     form.TabStrip2.selected = 1;
     click_tab_of_right_strip(console);
-    for (int tab = 1; tab <= 3; ++tab) form.TabStrip2.tab(tab).image = 1;
+    for (const EventLog log : kEventLogs) tab_of(form, log).image = kTabPlain;
 }
 
 void click_tab_of_left_strip(Console& console) {
@@ -48,13 +48,11 @@ void click_tab_of_left_strip(Console& console) {
 void click_tab_of_right_strip(Console& console) {
     MainForm& form = console.Form1;
     turn_page(form.MainFrame, form.main_tab, form.TabStrip2);
-    const std::string& caption = form.TabStrip2.selected_caption();
-    form.lblselectedTab.caption = caption;
+    form.lblselectedTab.caption = form.TabStrip2.selected_caption();
     // The boxes of the table on top; on the summary, a frame that covers them.
-    form.SysFilter.visible = same_text(caption, " System Log  ");
-    form.AppFilter.visible = same_text(caption, " Application Log");
-    form.SecFilter.visible = same_text(caption, " Security Log  ");
-    form.HideFrames.visible = same_text(caption, "Analysis Summary");
+    for (const LogFacts& facts : kLogFacts)
+        (form.*facts.boxes).visible = facts.tab == form.main_tab;
+    form.HideFrames.visible = form.main_tab == kSummaryTab;
 }
 
 }  // namespace tessarine

@@ -5,6 +5,9 @@ namespace tessarine {
 
 struct Console;
 
+/// The tab of TabStrip2 after those of the logs, "Analysis Summary".
+inline constexpr int kSummaryTab = 4;
+
 /// Put the pages of a tab strip on one another, the first one on top.
 void PositionHost(Console& console);
 void PositionMain(Console& console);

@@ -21,11 +21,4 @@ inline constexpr TypeWord kAuditFailure{"audit failure",
                                         "\xDC"
                                         "berwachungsfehler"};
 
-/// Small icons of the event rows.
-inline constexpr int kIconWarning = 2;
-inline constexpr int kIconInformation = 3;
-inline constexpr int kIconError = 4;
-inline constexpr int kIconAuditFailure = 5;
-inline constexpr int kIconAuditSuccess = 6;
-
 }  // namespace tessarine

@@ -1,10 +1,10 @@
 #include "hosts/host_list.h"
 
-#include <array>
 #include <string>
 
 #include "core/console_state.h"
 #include "core/host_rows.h"
+#include "core/icons.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "store/log_files.h"
@@ -23,8 +23,7 @@ bool has_log(Console& console, const std::string& host, EventLog log) {
 }
 
 void delete_logs_of(Console& console, const std::string& host) {
-    constexpr std::array kOrder = {EventLog::System, EventLog::Application, EventLog::Security};
-    for (const EventLog log : kOrder) {
+    for (const EventLog log : kEventLogs) {
         // KEEP(delete-logs-reports-the-last-file): each file replaces the text of the one before. A
         // sum looks right, but a host without a security log ends with "Log not found..".
         if (has_log(console, host, log)) {
@@ -39,7 +38,7 @@ void delete_logs_of(Console& console, const std::string& host) {
 }  // namespace
 
 void add_host_row(ListControl& list, std::string_view name) {
-    list.add_row(name, 1).add_sub_item("-");
+    list.add_row(name, kIconHost).add_sub_item("-");
 }
 
 void show_host_count(Console& console) {

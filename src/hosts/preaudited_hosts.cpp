@@ -6,6 +6,7 @@
 
 #include "core/console_state.h"
 #include "core/host_rows.h"
+#include "core/log_facts.h"
 #include "core/text.h"
 #include "hosts/host_list.h"
 #include "platform/directory_listing.h"
@@ -17,7 +18,7 @@ namespace {
 // A name of another form, such as notes.log, stays whole.
 std::string host_of_file(std::string name) {
     constexpr std::array kOrder = {EventLog::Application, EventLog::Security, EventLog::System};
-    for (const EventLog log : kOrder) name = replace_text(name, file_suffix(log), "");
+    for (const EventLog log : kOrder) name = replace_text(name, facts_of(log).file_suffix, "");
     return name;
 }
 

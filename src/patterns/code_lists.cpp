@@ -6,13 +6,14 @@
 
 #include "core/console_state.h"
 #include "core/counter16.h"
+#include "core/icons.h"
 #include "core/text.h"
 #include "platform/files.h"
 #include "platform/program.h"
-#include "store/event_record.h"
 #include "store/log_files.h"
 #include "store/record_reader.h"
 #include "tables/marked_tables.h"
+#include "tables/row_fields.h"
 
 namespace tessarine {
 namespace {
@@ -51,7 +52,7 @@ void load(Console& console, const CodeList& codes) {
     RecordReader reader(*file);
     std::string_view line;
     while (reader.next(line))
-        if (!line.empty()) list.add_row(line, 0);
+        if (!line.empty()) list.add_row(line, kNoIcon);
     file->close();
 }
 
@@ -108,7 +109,7 @@ void copy_to_field(Console& console, const CodeList& codes) {
 void add_from_event_table(Console& console, const CodeList& codes) {
     ListControl* table = marked_event_table(console.Form1);
     if (table == nullptr) return;
-    append_code(console, codes, selected_row(*table).sub_item(static_cast<int>(Field::Event)));
+    append_code(console, codes, field(selected_row(*table), Field::Event));
     load(console, codes);
 }
 

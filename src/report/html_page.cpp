@@ -14,9 +14,9 @@
 #include "platform/files.h"
 #include "platform/program.h"
 #include "platform/shell.h"
-#include "store/event_record.h"
 #include "store/log_files.h"
 #include "tables/marked_tables.h"
+#include "tables/row_fields.h"
 
 namespace tessarine {
 namespace {
@@ -34,15 +34,14 @@ class RowLines {
     explicit RowLines(std::string_view log) : log_(log) {}
 
     std::string_view lines_of(const ListControl::Row& row, int number) {
-        const auto field = [&row](Field name) { return row.sub_item(static_cast<int>(name)); };
         const char* shade = number % 2 == 1 ? "class='light' " : "class='dark' ";
         lines_.clear();
-        add({"<tr ", shade, " ><td>", row.text(), "</td><td>", field(Field::Computer), "</td><td>",
-             log_, "</td><td>", field(Field::Date), " ", field(Field::Time), "</td><td>",
-             field(Field::Source), "</td><td>", field(Field::Event), "</td><td>",
-             field(Field::User), "</td></tr>\r\n"});
+        add({"<tr ", shade, " ><td>", field(row, Field::Type), "</td><td>",
+             field(row, Field::Computer), "</td><td>", log_, "</td><td>", field(row, Field::Date),
+             " ", field(row, Field::Time), "</td><td>", field(row, Field::Source), "</td><td>",
+             field(row, Field::Event), "</td><td>", field(row, Field::User), "</td></tr>\r\n"});
         add({"<tr ", shade, " > <td colspan=8>"});
-        add_message(field(Field::Message));
+        add_message(field(row, Field::Message));
         add({"</td></tr>\r\n", kEmptyLine, "\r\n"});
         return lines_;
     }
@@ -64,8 +63,8 @@ class RowLines {
 
 }  // namespace
 
-// KEEP(page-texts-go-unescaped): markup in an event's texts becomes markup of the page. Escaping it
-// looks right; others read the page as it always was.
+// KEEP(page-texts-go-unescaped): others read the page as it always was, and would see escaped texts
+// for what they stand for no more.
 void ExportToHtml(Console& console, ListControl& SelList) {
     const auto file =
         console.platform.files.open(in_application_directory(console, kPageFile), OpenFor::Writing);
@@ -74,8 +73,8 @@ void ExportToHtml(Console& console, ListControl& SelList) {
     write_line("<h3>Tessarine - Exported at " +
                console.regional.date_time(console.platform.clock.now()) + "</h3><br>");
     write_line(console.Form1.txtHtmlStyle.text);
-    // KEEP(long-pages-fail-behind-their-head): the rows are counted in a signed 16-bit number. A
-    // wider one looks right; a longer list ends the console when the head is written.
+    // KEEP(long-pages-fail-behind-their-head): a wider number would write a page that is to end in
+    // an overflow.
     const int count = count16(SelList.count());
     RowLines rows(console.Form1.lblselectedTab.caption);
     for (int row = 1; row <= count; ++row) file->write(rows.lines_of(SelList.row(row), row));

@@ -14,7 +14,8 @@
 #include "platform/files.h"
 #include "search/matching_lines.h"
 #include "store/log_files.h"
-#include "tables/log_tables.h"
+#include "tables/shown_types.h"
+#include "tables/tab_marks.h"
 #include "tables/table_rows.h"
 
 namespace tessarine {
@@ -22,11 +23,9 @@ namespace {
 
 /// How one log is searched. Positions in names count from 1.
 struct Pass {
+    EventLog log;
     CheckBox MainForm::*box;
-    ListControl MainForm::*table;
-    int tab;
     std::span<const ShownType> types;
-    EventLog searched;
     EventLog counted;  ///< its files are what the maximum of the bar counts
     std::size_t first_counted_position;
     std::string_view text;  ///< of panel 1
@@ -34,35 +33,29 @@ struct Pass {
     bool resets_bar = false;
 };
 
-// KEEP(search-plans-security-from-application-files): the Security pass takes its maximum from the
-// number of application files. Counting "_security.log" looks right, but decides when the bar
-// overflows, and so how the search ends.
+// KEEP(search-plans-security-from-application-files): counting "_security.log" for the Security
+// pass would move the bar's overflow, and so the end of the search.
 constexpr std::array kPasses = {
-    // KEEP(search-counts-a-nameless-system-log): a file named "_system.log" alone is counted and
-    // never opened. The position of the other two passes looks right; the bar falls one short.
-    Pass{.box = &MainForm::Check1,
-         .table = &MainForm::SystemList,
-         .tab = 1,
+    // KEEP(search-counts-a-nameless-system-log): from position 2 on, as in the other two passes,
+    // the
+    // bar's end would come a file sooner.
+    Pass{.log = EventLog::System,
+         .box = &MainForm::Check1,
          .types = kSystemTypes,
-         .searched = EventLog::System,
          .counted = EventLog::System,
          .first_counted_position = 1,
          .text = "Searching System logs.Please wait",  // sic
          .empties_counters = true,
          .resets_bar = true},
-    Pass{.box = &MainForm::Check2,
-         .table = &MainForm::ApplicationList,
-         .tab = 2,
-         .types = std::span(kApplicationTypes).first(3),  // an audit failure is none of them
-         .searched = EventLog::Application,
+    Pass{.log = EventLog::Application,
+         .box = &MainForm::Check2,
+         .types = kPlainApplicationTypes,
          .counted = EventLog::Application,
          .first_counted_position = 2,
          .text = "Searching Application logs.Please wait..."},
-    Pass{.box = &MainForm::Check3,
-         .table = &MainForm::SecurityList,
-         .tab = 3,
+    Pass{.log = EventLog::Security,
+         .box = &MainForm::Check3,
          .types = kSecurityTypes,
-         .searched = EventLog::Security,
          .counted = EventLog::Application,
          .first_counted_position = 2,
          .text = "Searching Security logs.Please wait..."},
@@ -74,7 +67,7 @@ constexpr std::size_t kFirstSearchedPosition = 2;
 
 // Where the log's name stands first in a file's name, from 1; 0 when it doesn't.
 std::size_t position_of(EventLog log, const std::string& file) {
-    return lower_text(file).find(file_suffix(log)) + 1;
+    return lower_text(file).find(facts_of(log).file_suffix) + 1;
 }
 
 class SearchRun {
@@ -86,10 +79,10 @@ class SearchRun {
 
   private:
     void list_files();
-    bool run_pass(const Pass& pass);
+    void run_pass(const Pass& pass);
     void plan(const Pass& pass);
-    void search_file(const std::string& name, TableRows& rows, bool& alert);
-    void take_hit(std::string_view line, TableRows& rows, bool& alert);
+    void search_file(const std::string& name, const Pass& pass, TableRows& rows);
+    void take_hit(std::string_view line, const Pass& pass, TableRows& rows);
     void show_result();
 
     Console& console_;
@@ -97,23 +90,21 @@ class SearchRun {
     MatchingLines lines_;
     std::string folder_;
     std::vector<std::string> files_;
-    // KEEP(search-counters-run-on): neither counter goes back to 0 between the passes, so the bar
-    // counts the files of all of them. A count of each pass's own looks right.
+    // KEEP(search-counters-run-on): with counters of each pass's own the bar would begin anew.
     Counter16 planned_;
     Counter16 opened_;
     ErrorRegime errors_;
-    TabAlerts alerts_{};
+    LogAlerts alerts_;
 };
 
 void SearchRun::run() {
-    // KEEP(search-leaves-sorting-on): a sorted table stays sorted, so that new rows take their
-    // places while fields and colours go to the last row. Taking sorting off looks right.
-    for (const Pass& pass : kPasses) (form_.*pass.table).clear();
-    for (const Pass& pass : kPasses) form_.TabStrip2.tab(pass.tab).image = kTabPlain;
+    // KEEP(search-leaves-sorting-on): taking the sorting off would put each hit's fields on its own
+    // row.
+    for (const EventLog log : kEventLogs) table_of(form_, log).clear();
+    mark_tabs(form_, alerts_, {EventLog::System, EventLog::Application, EventLog::Security});
     list_files();
     for (const Pass& pass : kPasses)
-        if ((form_.*pass.box).value != 0)
-            alerts_[static_cast<std::size_t>(pass.tab)] = run_pass(pass);
+        if ((form_.*pass.box).value != 0) run_pass(pass);
     show_result();
 }
 
@@ -129,26 +120,23 @@ void SearchRun::list_files() {
     }
 }
 
-// Returns whether a hit matched the alert list.
-bool SearchRun::run_pass(const Pass& pass) {
-    // KEEP(search-fails-without-files): a store without files ends the console, as the first use of
-    // an array without bounds does. An empty result looks right; a search of no log gives that.
+void SearchRun::run_pass(const Pass& pass) {
+    // KEEP(search-fails-without-files): an empty result would outlast a store without files, which
+    // is to end the console.
     if (files_.empty())
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange, "Subscript out of range");
     plan(pass);
-    TableRows rows(console_, form_.*pass.table, pass.types);
-    bool alert = false;
+    TableRows rows(console_, table_of(form_, pass.log), pass.types, errors_);
     for (const std::string& name : files_) {
-        if (position_of(pass.searched, name) < kFirstSearchedPosition) continue;
+        if (position_of(pass.log, name) < kFirstSearchedPosition) continue;
         errors_.run([&] { opened_.add_one(); });
         errors_.run([&] { form_.pbar1.set_value(opened_.value()); });
-        errors_.run([&] { search_file(name, rows, alert); });
+        errors_.run([&] { search_file(name, pass, rows); });
     }
     if (pass.resets_bar) {
         form_.pbar1.set_value(0);
         form_.pbar1.set_maximum(1000);
     }
-    return alert;
 }
 
 void SearchRun::plan(const Pass& pass) {
@@ -161,27 +149,27 @@ void SearchRun::plan(const Pass& pass) {
     if (pass.empties_counters) form_.st1.set_text(3, "");
 }
 
-void SearchRun::search_file(const std::string& name, TableRows& rows, bool& alert) {
+void SearchRun::search_file(const std::string& name, const Pass& pass, TableRows& rows) {
     const auto file = console_.platform.files.open(path_in(folder_, name), OpenFor::Reading);
     lines_.start(*file);
     std::string_view line;
-    while (lines_.next(line)) take_hit(line, rows, alert);
+    while (lines_.next(line)) take_hit(line, pass, rows);
     file->close();
 }
 
-// KEEP(search-ignores-errors-from-its-first-hit): what ends the console before the first hit is
-// passed over behind it, in this and all later files. One rule for the whole search looks right.
-void SearchRun::take_hit(std::string_view line, TableRows& rows, bool& alert) {
+// KEEP(search-ignores-errors-from-its-first-hit): one rule for the whole search would end the
+// console after the first hit as well, or never.
+void SearchRun::take_hit(std::string_view line, const Pass& pass, TableRows& rows) {
     const EventRecord record(line);
     errors_.ignore_from_here();
     rows.add(record, rows.type_of(record));
-    if (rows.highlight(record) > 0) alert = true;
+    if (rows.highlight(record) > 0) alerts_.set(pass.log);
 }
 
 void SearchRun::show_result() {
     int shown = 0;
-    for (const Pass& pass : kPasses) shown += (form_.*pass.table).count();
-    mark_tabs(form_.TabStrip2, alerts_, {1, 3, 2});
+    for (const EventLog log : kEventLogs) shown += table_of(form_, log).count();
+    mark_tabs(form_, alerts_, {EventLog::System, EventLog::Security, EventLog::Application});
     form_.st1.set_text(1, "Done ...");
     form_.st1.set_text(3, "Showing " + std::to_string(shown) + " records");
     form_.pbar1.set_value(0);
@@ -196,8 +184,8 @@ void Search(Console& console) {
 void search_and_remember(Console& console) {
     Search(console);
     MainForm& form = console.Form1;
-    // KEEP(search-history-begins-with-an-empty-line): the line end stands before each text, also
-    // the first. One between the texts looks right.
+    // KEEP(search-history-begins-with-an-empty-line): a line end between the texts alone would take
+    // the empty line away.
     form.txtSearchHist.text += "\r\n" + form.TxtSearch.text;
 }
 

@@ -14,7 +14,7 @@ void Search(Console& console);
 /// The button "Search": a search, which then joins the history. Raises the errors of the search.
 void search_and_remember(Console& console);
 
-/// The button "Clear": empties the history and the text to search for. Raises no error.
+/// The button "Clear": empties the history and the text to search for.
 void clear_search_history(Console& console);
 
 }  // namespace tessarine

@@ -39,8 +39,8 @@ Bytes load(const char* place) {
 
 }  // namespace
 
-// KEEP(search-takes-bars-for-blanks): a text runs over the border of two fields where it has a
-// blank, and one with a "|" is found nowhere. Searching the line as it stands looks right.
+// KEEP(search-takes-bars-for-blanks): in the line as it stands no text would run over the border of
+// two fields, and one with a "|" would be found.
 TextFinder::TextFinder(std::string_view text)
     : text_(lower_text(text)), findable_(text.find_first_of("|\r\n") == std::string_view::npos) {
     for (std::size_t byte = 0; byte < folded_.size(); ++byte)

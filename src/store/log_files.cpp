@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "core/log_facts.h"
 #include "core/runtime_error.h"
 #include "core/text.h"
 
@@ -40,7 +41,7 @@ std::string checked_name(std::string_view host) {
 }
 
 std::string file_name(std::string_view host, EventLog log) {
-    return checked_name(host).append(file_suffix(log));
+    return checked_name(host).append(facts_of(log).file_suffix);
 }
 
 // Day, month and year with two digits each, or as many as the year needs.
@@ -49,18 +50,6 @@ std::string dashed(const Date& day, int year) {
 }
 
 }  // namespace
-
-std::string_view file_suffix(EventLog log) {
-    switch (log) {
-        case EventLog::System:
-            return "_system.log";
-        case EventLog::Application:
-            return "_application.log";
-        case EventLog::Security:
-            break;
-    }
-    return "_security.log";
-}
 
 std::string path_in(std::string_view folder, std::string_view name) {
     constexpr char kSeparator = std::filesystem::path::preferred_separator;

@@ -4,21 +4,13 @@
 // may end in one, and a host's name may begin with "\\" and still finds the host's files.
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 
+#include "core/event_log.h"
 #include "platform/date_time.h"
 
 namespace tessarine {
-
-/// The three logs that are kept, in the order in which a job usually takes them.
-enum class EventLog { System, Application, Security };
-inline constexpr std::array kEventLogs = {EventLog::System, EventLog::Application,
-                                          EventLog::Security};
-
-/// What the name of a log's file has behind the host: "_system.log" and so on.
-std::string_view file_suffix(EventLog log);
 
 /// `name` in `folder`.
 std::string path_in(std::string_view folder, std::string_view name);

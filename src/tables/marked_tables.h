@@ -1,28 +1,24 @@
 // Which table a command is about: hidden labels of the main window say so, not the mouse.
 #pragma once
 
-#include <string_view>
-
-#include "core/forms/main_form.h"
+#include "core/log_facts.h"
 #include "core/text.h"
 
 namespace tessarine {
 
 /// The event table under the caption that lblselectedTab holds; nothing for any other caption.
 inline ListControl* marked_event_table(MainForm& form) {
-    const std::string_view caption = form.lblselectedTab.caption;
-    if (same_text(caption, " System Log  ")) return &form.SystemList;
-    if (same_text(caption, " Application Log")) return &form.ApplicationList;
-    if (same_text(caption, " Security Log  ")) return &form.SecurityList;
+    for (const EventLog log : kEventLogs)
+        if (same_text(form.lblselectedTab.caption, tab_of(form, log).caption))
+            return &table_of(form, log);
     return nullptr;
 }
 
 /// The analysis table whose word lblselectedTab2 holds; nothing for any other word.
 inline ListControl* marked_analysis_table(MainForm& form) {
-    const std::string_view word = form.lblselectedTab2.caption;
-    if (same_text(word, "list2")) return &form.ListView2;
-    if (same_text(word, "list3")) return &form.ListView3;
-    if (same_text(word, "list4")) return &form.ListView4;
+    for (const LogFacts& facts : kLogFacts)
+        if (same_text(form.lblselectedTab2.caption, facts.analysis_word))
+            return &(form.*facts.analysis);
     return nullptr;
 }
 

@@ -7,10 +7,13 @@
 
 namespace tessarine {
 
-TableRows::TableRows(Console& console, ListControl& table, std::span<const ShownType> types)
-    : console_(console), table_(table), types_(types), alert_codes_(console.Form1.AlertList) {
-    errors_.ignore_from_here();
-}
+TableRows::TableRows(Console& console, ListControl& table, std::span<const ShownType> types,
+                     const ErrorRegime& errors)
+    : console_(console),
+      table_(table),
+      types_(types),
+      alert_codes_(console.Form1.AlertList),
+      errors_(errors) {}
 
 const ShownType* TableRows::type_of(const EventRecord& record) const {
     const std::string_view word = record.field(Field::Type);
@@ -20,8 +23,8 @@ const ShownType* TableRows::type_of(const EventRecord& record) const {
     return found == types_.end() ? nullptr : &*found;
 }
 
-// KEEP(unmatched-type-grows-the-last-row): a record of no known type adds no row, but its fields
-// and its colour still go to the row at the end of the table. Dropping it whole looks right.
+// KEEP(unmatched-type-grows-the-last-row): passing over a record of no known type would leave the
+// last row as it was.
 void TableRows::add(const EventRecord& record, const ShownType* type) {
     if (type != nullptr)
         add_row(record, type->small_icon);
@@ -48,8 +51,8 @@ void TableRows::add_fields(const EventRecord& record) {
     for (int i = 1; i < record.field_count(); ++i) table_.last_row().add_sub_item(record.field(i));
 }
 
-// KEEP(alert-entries-count-each): the walk does not stop at a match, so a code that stands twice in
-// the list counts twice for one record; and a record without a code matches every entry.
+// KEEP(alert-entries-count-each): stopping at the first match would lower "Highlighted:" for codes
+// that stand twice in the list, and for records without a code.
 int TableRows::highlight(const EventRecord& record) {
     if (!console_.Form1.highlightpatt.checked) return 0;
     int matches = alert_codes_.entries();

@@ -6,17 +6,18 @@
 #include "core/error_regime.h"
 #include "store/event_record.h"
 #include "tables/code_matches.h"
-#include "tables/log_tables.h"
+#include "tables/shown_types.h"
 
 namespace tessarine {
 
 struct Console;
 
-/// Runtime errors are ignored all along.
 class TableRows {
   public:
-    /// The alert list is taken as it is now.
-    TableRows(Console& console, ListControl& table, std::span<const ShownType> types);
+    /// The alert list is taken as it is now. `errors` is the regime of the routine that fills the
+    /// table.
+    TableRows(Console& console, ListControl& table, std::span<const ShownType> types,
+              const ErrorRegime& errors);
 
     /// The first of the types that the record names; null for none.
     const ShownType* type_of(const EventRecord& record) const;
@@ -35,7 +36,7 @@ class TableRows {
     ListControl& table_;
     std::span<const ShownType> types_;
     CodeMatches alert_codes_;
-    ErrorRegime errors_;
+    const ErrorRegime& errors_;
 };
 
 }  // namespace tessarine

@@ -26,7 +26,7 @@ ConnectionCheckDialog::ConnectionCheckDialog(EventDoor& door, QWidget* parent)
     // No close box: the wait always takes its time.
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     auto* picture = new QLabel;
-    picture->setPixmap(list_picture(1).value<QIcon>().pixmap(kPictureSize));
+    picture->setPixmap(list_picture(kIconHost).value<QIcon>().pixmap(kPictureSize));
     auto* rows = new QGridLayout(this);
     rows->setContentsMargins(2 * kMargin, 2 * kMargin, 2 * kMargin, 2 * kMargin);
     rows->setHorizontalSpacing(kMargin);

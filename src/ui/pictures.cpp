@@ -168,19 +168,20 @@ QVariant list_picture(int number) {
 }
 
 QVariant picture_description(int number) {
-    if (number == 7) return QStringLiteral("audited");
-    if (number == 8) return QStringLiteral("audit failed");
+    if (number == kIconResultOk) return QStringLiteral("audited");
+    if (number == kIconResultError) return QStringLiteral("audit failed");
     return {};
 }
 
 QIcon event_picture(int number) {
-    constexpr std::array kListNumbers = {2, 4, 3, 6, 5};
+    constexpr std::array kListNumbers = {kIconWarning, kIconError, kIconInformation,
+                                         kIconAuditSuccess, kIconAuditFailure};
     if (number < 1 || number > static_cast<int>(kListNumbers.size())) return {};
     return list_picture(kListNumbers[static_cast<std::size_t>(number - 1)]).value<QIcon>();
 }
 
 QIcon tab_picture(int number) {
-    return QIcon(new DrawnIcon(number == 2 ? draw_alert_tab : draw_plain_tab));
+    return QIcon(new DrawnIcon(number == kTabAlert ? draw_alert_tab : draw_plain_tab));
 }
 
 }  // namespace tessarine

@@ -5,11 +5,12 @@
 #include <QIcon>
 #include <QVariant>
 
+#include "core/icons.h"
+
 namespace tessarine {
 
-/// Picture of that number in the image lists of the tables, as an icon: 1 host, 2 warning,
-/// 3 information, 4 error, 5 audit failure, 6 audit success, 7 audited, 8 audit failed. No value
-/// for any other number.
+/// Picture of that number (core/icons.h) in the image list of the tables, as an icon; no value for
+/// any other number.
 QVariant list_picture(int number);
 
 /// What the picture tells somebody who doesn't see it; no value where a text beside it does.
@@ -19,7 +20,7 @@ QVariant picture_description(int number);
 /// success, 5 audit failure. None for any other number.
 QIcon event_picture(int number);
 
-/// Picture of a tab: 1 plain, 2 for a log with highlighted events.
+/// Picture of a tab.
 QIcon tab_picture(int number);
 
 }  // namespace tessarine

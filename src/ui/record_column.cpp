@@ -64,23 +64,26 @@ QWidget* new_event_page(const EventPage& page) {
 
 RecordColumn::RecordColumn(EventDoor& door) : door_(door), pages_(new QStackedWidget) {
     MainForm& form = door.console().Form1;
+    pages_->addWidget(new_event_page({form.SystemList,
+                                      "SystemList",
+                                      "SysFilter",
+                                      tr("System log"),
+                                      {{"SysErrors", kIconError},
+                                       {"SysWarnings", kIconWarning},
+                                       {"SysInformations", kIconInformation}}}));
+    pages_->addWidget(new_event_page({form.ApplicationList,
+                                      "ApplicationList",
+                                      "AppFilter",
+                                      tr("Application log"),
+                                      {{"AppErrors", kIconError},
+                                       {"AppWarnings", kIconWarning},
+                                       {"AppInformations", kIconInformation}}}));
     pages_->addWidget(
-        new_event_page({form.SystemList,
-                        "SystemList",
-                        "SysFilter",
-                        tr("System log"),
-                        {{"SysErrors", 4}, {"SysWarnings", 2}, {"SysInformations", 3}}}));
-    pages_->addWidget(
-        new_event_page({form.ApplicationList,
-                        "ApplicationList",
-                        "AppFilter",
-                        tr("Application log"),
-                        {{"AppErrors", 4}, {"AppWarnings", 2}, {"AppInformations", 3}}}));
-    pages_->addWidget(new_event_page({form.SecurityList,
-                                      "SecurityList",
-                                      "SecFilter",
-                                      tr("Security log"),
-                                      {{"SecSucc", 6}, {"SecFail", 5}}}));
+        new_event_page({form.SecurityList,
+                        "SecurityList",
+                        "SecFilter",
+                        tr("Security log"),
+                        {{"SecSucc", kIconAuditSuccess}, {"SecFail", kIconAuditFailure}}}));
     pages_->addWidget(new_summary_page(door));
     lay_out_pages(*this, named(new QTabBar, "TabStrip2", tr("Event logs")), pages_);
 }

@@ -2,18 +2,18 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <string>
 #include <string_view>
 
 #include "core/console_state.h"
 #include "core/counter16.h"
 #include "core/error_regime.h"
+#include "core/log_facts.h"
 #include "core/text.h"
 #include "core/type_words.h"
 #include "platform/clipboard.h"
 #include "platform/form_windows.h"
-#include "store/event_record.h"
+#include "tables/row_fields.h"
 #include "viewer/event_lookup.h"
 
 namespace tessarine {
@@ -23,21 +23,19 @@ namespace {
 constexpr std::array kPictureTypes = {kWarning, kError, kInformation, kAuditSuccess, kAuditFailure};
 constexpr std::size_t kPlainTypes = 3;
 
-/// A table from which the form can be opened.
+/// How the form is opened from a table.
 struct Opener {
-    std::string_view list_name;
     std::string_view caption;
-    ListControl MainForm::*table;
     std::size_t picture_types = kPictureTypes.size();
     bool ignores_errors = false;
 };
 
-// KEEP(audit-failure-opens-without-a-picture): the application log's opener knows three types. All
-// five look right, but there an audit failure gets its picture from CmdUp and CmdDown alone.
-constexpr std::array kOpeners = {
-    Opener{"system", "System Log: ", &MainForm::SystemList},
-    Opener{"application", "Application Log ", &MainForm::ApplicationList, kPlainTypes, true},
-    Opener{"security", "Security Log: ", &MainForm::SecurityList},
+// KEEP(audit-failure-opens-without-a-picture): with all five types on the application log an audit
+// failure would have its picture before the first step of CmdUp or CmdDown.
+constexpr std::array kOpenerOfLog = {
+    Opener{"System Log: "},
+    Opener{"Application Log ", kPlainTypes, true},
+    Opener{"Security Log: "},
 };
 
 void choose_picture(EventDetailsForm& form, std::size_t known_types) {
@@ -47,44 +45,33 @@ void choose_picture(EventDetailsForm& form, std::size_t known_types) {
             form.Image1.picture = static_cast<int>(i) + 1;
 }
 
-// The labels of the sub-items, in their order from 1.
-constexpr std::array kFieldLabels = {&EventDetailsForm::lbldate,   &EventDetailsForm::lblTime,
-                                     &EventDetailsForm::lblSource, &EventDetailsForm::lblEventID,
-                                     &EventDetailsForm::lblUser,   &EventDetailsForm::lblComputer};
+struct FieldLabel {
+    Field name;
+    Label EventDetailsForm::*label;
+};
+
+constexpr std::array kFieldLabels = {
+    FieldLabel{Field::Type, &EventDetailsForm::lblType},
+    FieldLabel{Field::Date, &EventDetailsForm::lbldate},
+    FieldLabel{Field::Time, &EventDetailsForm::lblTime},
+    FieldLabel{Field::Source, &EventDetailsForm::lblSource},
+    FieldLabel{Field::Event, &EventDetailsForm::lblEventID},
+    FieldLabel{Field::User, &EventDetailsForm::lblUser},
+    FieldLabel{Field::Computer, &EventDetailsForm::lblComputer},
+};
 
 void show_row(EventDetailsForm& form, ListControl& table, int position, ErrorRegime errors) {
-    errors.run([&] { form.lblType.caption = table.row(position).text(); });
-    for (std::size_t i = 0; i < kFieldLabels.size(); ++i)
-        errors.run([&] {
-            (form.*kFieldLabels[i]).caption = table.row(position).sub_item(static_cast<int>(i) + 1);
-        });
+    for (const FieldLabel& each : kFieldLabels)
+        errors.run([&] { (form.*each.label).caption = field(table.row(position), each.name); });
     errors.run([&] {
-        const auto message = table.row(position).sub_item(static_cast<int>(Field::Message));
-        form.txtDesc.text = replace_text(message, "~", "\r\n");
+        form.txtDesc.text = replace_text(field(table.row(position), Field::Message), "~", "\r\n");
     });
-}
-
-void open(Console& console, const Opener& opener) {
-    ListControl& table = console.Form1.*opener.table;
-    const int position = table.selected_item();
-    if (table.count() == 0 || position == 0) return;
-    ErrorRegime errors;
-    if (opener.ignores_errors) errors.ignore_from_here();
-    EventDetailsForm& form = console.Form2.get();
-    show_row(form, table, position, errors);
-    form.txtListIndex.text = std::to_string(position);
-    form.txtListSize.text = std::to_string(table.count());
-    form.TxtListName.text = opener.list_name;
-    form.caption = opener.caption;
-    choose_picture(form, opener.picture_types);
-    console.platform.form_windows.show_modal(FormId::Form2);
 }
 
 ListControl* table_of(Console& console, const EventDetailsForm& form) {
-    const auto opener = std::find_if(kOpeners.begin(), kOpeners.end(), [&](const Opener& each) {
-        return form.TxtListName.text == each.list_name;
-    });
-    return opener == kOpeners.end() ? nullptr : &(console.Form1.*opener->table);
+    for (const LogFacts& facts : kLogFacts)
+        if (form.TxtListName.text == facts.word) return &(console.Form1.*facts.table);
+    return nullptr;
 }
 
 // KEEP(details-stop-at-row-32767): a wider number would go on to the rows after that one, where the
@@ -123,16 +110,21 @@ std::string without_colons(std::string text) {
 
 }  // namespace
 
-void open_system_event(Console& console) {
-    open(console, kOpeners[0]);
-}
-
-void open_application_event(Console& console) {
-    open(console, kOpeners[1]);
-}
-
-void open_security_event(Console& console) {
-    open(console, kOpeners[2]);
+void open_event(Console& console, EventLog log) {
+    ListControl& table = table_of(console.Form1, log);
+    const int position = table.selected_item();
+    if (table.count() == 0 || position == 0) return;
+    const Opener& opener = kOpenerOfLog[static_cast<std::size_t>(log)];
+    ErrorRegime errors;
+    if (opener.ignores_errors) errors.ignore_from_here();
+    EventDetailsForm& form = console.Form2.get();
+    show_row(form, table, position, errors);
+    form.txtListIndex.text = std::to_string(position);
+    form.txtListSize.text = std::to_string(table.count());
+    form.TxtListName.text = facts_of(log).word;
+    form.caption = opener.caption;
+    choose_picture(form, opener.picture_types);
+    console.platform.form_windows.show_modal(FormId::Form2);
 }
 
 void activate_event_details(Console& console) {

@@ -1,16 +1,16 @@
 // The window of one event, and the walk through its table from there.
 #pragma once
 
+#include "core/event_log.h"
+
 namespace tessarine {
 
 struct Console;
 
-/// A double click on a table: shows the selected row in Form2, which stays in front until it is
-/// closed; nothing when no row is selected. A row with too few fields raises a RuntimeError; on the
-/// application table all runtime errors are ignored.
-void open_system_event(Console& console);
-void open_application_event(Console& console);
-void open_security_event(Console& console);
+/// A double click on an event table: shows the selected row in Form2, which stays in front until it
+/// is closed; nothing when no row is selected. A row with too few fields raises a RuntimeError; on
+/// the application table runtime errors are ignored.
+void open_event(Console& console, EventLog log);
 
 /// The form comes up. Raises "Overflow" for a row behind the 32,767th.
 void activate_event_details(Console& console);

@@ -8,7 +8,7 @@ namespace tessarine {
 struct Console;
 
 /// Opens the page on an event. The address holds the values as they are, blanks and all; what
-/// becomes of it is not looked at. Raises no error.
+/// becomes of it is not looked at.
 void LookupEvent(Console& console, const std::string& EventCode, const std::string& EventSource);
 
 /// The look-up of the selected row: of the event table on top, of the analysis table last used.

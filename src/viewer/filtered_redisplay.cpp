@@ -2,84 +2,67 @@
 
 #include <array>
 #include <cstdint>
-#include <string_view>
 
 #include "core/console_state.h"
 #include "core/text.h"
 #include "platform/form_windows.h"
-#include "tables/log_tables.h"
 #include "viewer/log_loading.h"
 
 namespace tessarine {
 namespace {
 
-// KEEP(redisplay-loses-application-audit-failures): they are no type of the application log here,
-// so their fields go to the last row of the table. The types of the full load look right, but any
-// click on one of the three boxes makes such rows vanish.
-constexpr LogTable kRedisplayedApplicationTable = [] {
-    LogTable table = kApplicationTable;
-    table.types = table.types.first(3);
-    return table;
-}();
+// KEEP(redisplay-loses-application-audit-failures): with the types of the full load such rows would
+// outlast a click on a box.
+constexpr LoadedLog kRedisplayedApplicationLog{.log = EventLog::Application,
+                                               .ending = kApplicationLog.ending,
+                                               .types = kPlainApplicationTypes};
 
 struct Redisplay {
-    std::string_view word;
-    const LogTable& table;
+    const LoadedLog& log;
     PendingEvents pending;
 };
 
 constexpr std::array kRedisplays = {
-    Redisplay{"security", kSecurityTable, PendingEvents::No},
-    Redisplay{"system", kSystemTable, PendingEvents::BeforeTest},
-    Redisplay{"application", kRedisplayedApplicationTable, PendingEvents::BeforeOpening},
+    Redisplay{kSecurityLog, PendingEvents::No},
+    Redisplay{kSystemLog, PendingEvents::BeforeTest},
+    Redisplay{kRedisplayedApplicationLog, PendingEvents::BeforeOpening},
 };
-
-void redisplay(Console& console, const std::string& log) {
-    ListControl& hosts = console.Form1.ListView1;
-    const int row = hosts.selected_item();
-    if (row > 0) ShowRecords(console, std::string(hosts.row(row).text()), log);
-}
 
 }  // namespace
 
-void click_system_box(Console& console) {
-    redisplay(console, "system");
-}
-
-void click_application_box(Console& console) {
-    redisplay(console, "application");
-}
-
-void click_security_box(Console& console) {
-    redisplay(console, "security");
+void click_type_box(Console& console, EventLog log) {
+    ListControl& hosts = console.Form1.ListView1;
+    const int row = hosts.selected_item();
+    if (row > 0)
+        ShowRecords(console, std::string(hosts.row(row).text()), std::string(facts_of(log).word));
 }
 
 void ShowRecords(Console& console, const std::string& HostName, const std::string& SelLog) {
     MainForm& form = console.Form1;
     form.st1.set_text(1, "Please wait ...");
+    ErrorRegime errors;
+    errors.ignore_from_here();
     console.platform.form_windows.let_events_pass();
+    // KEEP(redisplay-turns-the-forms-pointer): the pointer of the screen, which a full load turns,
+    // would change over other windows too.
     form.mouse_pointer = kPointerHourglass;
-    LoadCounts counts;
-    TabAlerts alerts{};
-    for (const auto& [word, table, pending] : kRedisplays) {
-        if (!same_text(SelLog, word)) continue;
-        // KEEP(redisplay-fills-a-sorted-table): sorting stays on, so that rows take their sorted
-        // places while fields and colours go to the last row. Clearing it looks right; only the
-        // full load does.
-        (form.*table.table).clear();
-        alerts[static_cast<std::size_t>(table.tab)] =
-            load_log(console, table, HostName, pending, counts);
+    Load load(console, HostName, errors);
+    for (const auto& [log, pending] : kRedisplays) {
+        if (!same_text(SelLog, facts_of(log.log).word)) continue;
+        // KEEP(redisplay-fills-a-sorted-table): taking the sorting off, as a full load does, would
+        // put each record's fields on its own row.
+        table_of(form, log.log).clear();
+        load_log(load, log, pending);
     }
-    // KEEP(redisplay-resets-foreign-tab-marks): the marks of two tabs follow the one log that was
-    // read, and the application's keeps what the full load gave it. Marking the tab of the log that
-    // was read, and no other, looks right.
-    mark_tabs(form.TabStrip2, alerts, {1, 3});
+    // KEEP(redisplay-resets-foreign-tab-marks): marking the tab of the log that was read, and no
+    // other, would leave the marks of the other two.
+    mark_tabs(form, load.alerts, {EventLog::System, EventLog::Security});
     console.platform.form_windows.let_events_pass();
     form.mouse_pointer = kPointerDefault;
     form.st1.set_text(1, "");
-    form.st1.set_text(3,
-                      std::to_string(static_cast<std::int64_t>(counts.total)) + " records parsed");
-    show_totals(console, counts);
+    form.st1.set_text(
+        3, std::to_string(static_cast<std::int64_t>(load.counts.total)) + " records parsed");
+    show_totals(load);
 }
 
 }  // namespace tessarine

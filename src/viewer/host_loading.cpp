@@ -6,24 +6,23 @@
 #include "core/error_regime.h"
 #include "core/host_rows.h"
 #include "platform/form_windows.h"
-#include "tables/log_tables.h"
 #include "viewer/log_loading.h"
 
 namespace tessarine {
 namespace {
 
 struct LoadStep {
-    const LogTable& table;
+    const LoadedLog& log;
     PendingEvents pending;
 };
 
 // The logs in the order in which they are read.
 constexpr std::array kSteps = {
-    LoadStep{kSecurityTable, PendingEvents::BehindLog},
-    LoadStep{kSystemTable, PendingEvents::No},
-    LoadStep{kApplicationTable, PendingEvents::BeforeOpening},
+    LoadStep{kSecurityLog, PendingEvents::AfterLog},
+    LoadStep{kSystemLog, PendingEvents::No},
+    LoadStep{kApplicationLog, PendingEvents::BeforeOpening},
 };
-static_assert(kSteps[0].table.log == EventLog::Security && kSteps[2].table.tab == 2,
+static_assert(kSteps[0].log.log == EventLog::Security && kSteps[2].log.log == EventLog::Application,
               "the logs are read in an order of their own, not in that of the tabs");
 
 }  // namespace
@@ -44,13 +43,11 @@ void ViewEventLog(Console& console, const std::string& HostName) {
     form.List1Index.text = std::to_string(form.ListView1.selected_item());
     ErrorRegime errors;
     errors.ignore_from_here();
-    form.SystemList.clear();
-    form.ApplicationList.clear();
-    form.SecurityList.clear();
+    for (const EventLog log : kEventLogs) table_of(form, log).clear();
     form.st1.set_text(1, "Please wait ...");
+    int selected = 1;
     // KEEP(long-host-lists-load-one-host): a wider number would refuse several selected hosts
     // there.
-    int selected = 1;
     errors.run([&] { selected = selected_hosts(form.ListView1); });
     if (selected > 1) {
         form.st1.set_text(1, "");
@@ -58,17 +55,14 @@ void ViewEventLog(Console& console, const std::string& HostName) {
     }
     console.platform.form_windows.let_events_pass();
     console.mouse_pointer = kPointerHourglass;
-    LoadCounts counts;
-    TabAlerts alerts{};
-    for (const auto& [table, pending] : kSteps)
-        alerts[static_cast<std::size_t>(table.tab)] =
-            load_log(console, table, HostName, pending, counts);
-    mark_tabs(form.TabStrip2, alerts, {1, 3, 2});
+    Load load(console, HostName, errors);
+    for (const auto& [log, pending] : kSteps) load_log(load, log, pending);
+    mark_tabs(form, load.alerts, {EventLog::System, EventLog::Security, EventLog::Application});
     console.platform.form_windows.let_events_pass();
     console.mouse_pointer = kPointerDefault;
     // The empty text also wipes what was said of a missing security log.
     form.st1.set_text(1, "");
-    show_totals(console, counts);
+    show_totals(load);
 }
 
 }  // namespace tessarine

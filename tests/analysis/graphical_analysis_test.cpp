@@ -75,7 +75,7 @@ TEST_F(GraphicalAnalysis, AViewStartsAnewWithTheSystemLogAndTheHostsName) {
     std::string seen;
     rig.windows.when_shown(FormId::Form5, [&](Console& console) {
         seen += console.Form5->caption + "|" + graph() + "\n";
-        graph_security_log(console);
+        graph_log(console, EventLog::Security);
         console.Form5->pie.type = ChartType::Pie;
         console.Form5.unload();
     });

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "app/events.h"
-#include "core/text.h"
+#include "core/log_facts.h"
 #include "fakes/rig.h"
 #include "store/event_record.h"
 
@@ -30,14 +30,16 @@ class EventDetails : public testing::Test {
         table.add_record_row(EventRecord(line).text(), 1);
     }
     // Opens the form on a row and lets the user do something there.
-    void open(ListControl& table, int row, void (*double_click)(Console&),
-              fakes::ScriptedWindows::Script script) {
-        Rig::select(table, {row});
+    void open(EventLog log, int row, fakes::ScriptedWindows::Script script) {
+        Rig::select(table_of(form, log), {row});
         rig.windows.when_shown(FormId::Form2, [script](Console& console) {
             script(console);
             close_event_details(console);
         });
-        rig.run(double_click);
+        double_click(log);
+    }
+    void double_click(EventLog log) {
+        rig.run([log](Console& console) { open_event(console, log); });
     }
 
     Rig rig{control_events()};
@@ -47,7 +49,7 @@ class EventDetails : public testing::Test {
 TEST_F(EventDetails, ShowTheRowAndWalkThroughTheTable) {
     add(form.SystemList, "Error|1/2/2004|3:04:05 AM|Disk|7|SYSTEM|PC1|Bad~block|more");
     add(form.SystemList, "Warnung|1/3/2004|4:04:05 AM|Tcpip|4201|u|PC1|Ready");
-    open(form.SystemList, 1, open_system_event, [this](Console& console) {
+    open(EventLog::System, 1, [this](Console& console) {
         EXPECT_EQ(console.Form2->caption, "System Log: ");
         const std::string first = "2|Error|1/2/2004|3:04:05 AM|Disk|7|SYSTEM|PC1|Bad\r\nblock ";
         EXPECT_EQ(shown(console), first);
@@ -75,9 +77,9 @@ TEST_F(EventDetails, ShowTheRowAndWalkThroughTheTable) {
 }
 
 TEST_F(EventDetails, StayClosedForATableWithoutARow) {
-    rig.run(open_system_event);
+    double_click(EventLog::System);
     form.SecurityList.add_row("audit success", 6);
-    rig.run(open_security_event);
+    double_click(EventLog::Security);
     EXPECT_TRUE(rig.windows.shown.empty());
 }
 
@@ -99,10 +101,10 @@ TEST_F(EventDetails, KnowFivePicturesButThreeOnOpeningTheApplicationLog) {
             CmdDown(console);
         }
     };
-    open(form.SecurityList, 1, open_security_event, pictures);
+    open(EventLog::Security, 1, pictures);
     add(form.ApplicationList, "audit failure|d|t|s|1|u|c|m");
     add(form.ApplicationList, "audit failure|d|t|s|2|u|c|m");
-    open(form.ApplicationList, 1, open_application_event, [](Console& console) {
+    open(EventLog::Application, 1, [](Console& console) {
         EXPECT_EQ(console.Form2->Image1.picture, 0);
         CmdDown(console);
         EXPECT_EQ(console.Form2->Image1.picture, 5);
@@ -112,9 +114,9 @@ TEST_F(EventDetails, KnowFivePicturesButThreeOnOpeningTheApplicationLog) {
 TEST_F(EventDetails, GoToTheClipboardAsText) {
     add(form.ApplicationList, "Error|1/2/2004|3:04:05 AM|Disk: C|7|u|PC1|Bad~block");
     add(form.SystemList, "Error|1/2/2004|3:04:05 AM|Disk|7|u|PC1|Bad");
-    open(form.SystemList, 1, open_system_event, copy_event_to_clipboard);
+    open(EventLog::System, 1, copy_event_to_clipboard);
     EXPECT_EQ(rig.clipboard.text.substr(0, 36), "Host:\t\tPC1\r\nLog:\t\tSystem Log \r\nType:");
-    open(form.ApplicationList, 1, open_application_event, copy_event_to_clipboard);
+    open(EventLog::Application, 1, copy_event_to_clipboard);
     EXPECT_EQ(rig.clipboard.text,
               "Host:\t\tPC1\r\nLog:\t\tApplication Log \r\nType:\t\tError\r\n"
               "Date:\t\t1/2/2004 3:04:05 AM\r\nSource:\t\tDisk: C\r\nEvent Code:\t7\r\n"
@@ -124,24 +126,24 @@ TEST_F(EventDetails, GoToTheClipboardAsText) {
 TEST_F(EventDetails, ForgiveAShortRecordInTheApplicationLogAlone) {
     for (ListControl* table : {&form.ApplicationList, &form.SystemList})
         table->add_row("Error", 4).add_sub_item("1/2/2004");
-    open(form.ApplicationList, 1, open_application_event,
+    open(EventLog::Application, 1,
          [](Console& console) { EXPECT_EQ(shown(console), "2|Error|1/2/2004|||||| "); });
     EXPECT_FALSE(rig.program.ended);
     Rig::select(form.SystemList, {1});
-    rig.run(open_system_event);
+    double_click(EventLog::System);
     EXPECT_TRUE(rig.program.ended);
 }
 
 // KEEP(details-stop-at-row-32767)
 TEST_F(EventDetails, EndTheConsoleBehindRow32767) {
     for (int i = 0; i < 32'768; ++i) add(form.SecurityList, "audit success|d|t|s|1|u|c|m");
-    open(form.SecurityList, 32'767, open_security_event, [](Console& console) {
+    open(EventLog::Security, 32'767, [](Console& console) {
         EXPECT_EQ(console.Form2->position, 32'767);
         EXPECT_THROW(CmdDown(console), RuntimeError);
     });
     EXPECT_FALSE(rig.program.ended);
     Rig::select(form.SecurityList, {32'768});
-    rig.run(open_security_event);
+    double_click(EventLog::Security);
     EXPECT_TRUE(rig.program.ended);
     EXPECT_NE(rig.dialogs.messages.back().text.find("Overflow"), std::string::npos);
 }

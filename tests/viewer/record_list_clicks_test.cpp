@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/control_events.h"
+#include "core/log_facts.h"
 #include "fakes/drawn.h"
 #include "fakes/rig.h"
 #include "viewer/event_lookup.h"
@@ -13,27 +14,23 @@ namespace tessarine {
 namespace {
 
 using fakes::Rig;
-using Handler = void (*)(Console&, const InputDetails&);
+using Handler = void (*)(Console&, EventLog, const InputDetails&);
 
-void release(Rig& rig, Handler handler, int button) {
-    rig.run([&](Console& console) { handler(console, {.button = button}); });
+void release(Rig& rig, Handler handler, EventLog log, int button) {
+    rig.run([&](Console& console) { handler(console, log, {.button = button}); });
 }
 
 TEST(RecordListClicks, OpenTheMenuOnlyForARow) {
-    const std::pair<ListControl MainForm::*, Handler> cases[] = {
-        {&MainForm::SystemList, release_on_system_list},
-        {&MainForm::ApplicationList, release_on_application_list},
-        {&MainForm::SecurityList, release_on_security_list}};
-    for (const auto& [list, handler] : cases) {
+    for (const EventLog log : kEventLogs) {
         Rig rig;
-        ListControl& table = rig.console.Form1.*list;
-        release(rig, handler, 2);
+        ListControl& table = table_of(rig.console.Form1, log);
+        release(rig, release_on_events, log, 2);
         table.add_row("Error", 4);
-        release(rig, handler, 2);
+        release(rig, release_on_events, log, 2);
         Rig::select(table, {1});
-        release(rig, handler, 1);
+        release(rig, release_on_events, log, 1);
         EXPECT_TRUE(rig.windows.menus.empty());
-        release(rig, handler, 2);
+        release(rig, release_on_events, log, 2);
         EXPECT_EQ(rig.windows.menus, std::vector<std::string>{"popmeup2"});
     }
 }
@@ -44,43 +41,38 @@ TEST(RecordListClicks, SortTheOtherWayRoundWithEverySecondClick) {
     MainForm& form = rig.console.Form1;
     for (ListControl* table : {&form.SystemList, &form.ApplicationList})
         for (const char* code : {"9", "10", "1"}) table->add_row("x", 4).add_sub_item(code);
-    const auto codes_after = [&](ListControl& table, Handler click, int column) {
-        rig.run([&](Console& console) { click(console, {.column = column}); });
+    const auto codes_after = [&](EventLog log, int column) {
+        rig.run([&](Console& console) { click_column(console, log, {.column = column}); });
         std::string codes;
-        for (int row = 1; row <= 3; ++row) codes += std::string(table.row(row).sub_item(1)) + " ";
+        for (int row = 1; row <= 3; ++row)
+            codes += std::string(table_of(form, log).row(row).sub_item(1)) + " ";
         return codes;
     };
-    const auto system = [&](int column) {
-        return codes_after(form.SystemList, click_column_of_system_list, column);
-    };
+    const auto system = [&](int column) { return codes_after(EventLog::System, column); };
     EXPECT_EQ(system(2), "1 10 9 ");
     EXPECT_EQ(system(2), "9 10 1 ");
     EXPECT_EQ(system(2), "1 10 9 ");
     EXPECT_EQ(system(1), "1 10 9 ");
     EXPECT_EQ(system(2), "1 10 9 ");
-    EXPECT_EQ(codes_after(form.ApplicationList, click_column_of_application_list, 2), "9 10 1 ");
+    EXPECT_EQ(codes_after(EventLog::Application, 2), "9 10 1 ");
 }
 
 TEST(AnalysisClicks, TellTheRowAndMarkTheTableForTheMenu) {
-    const std::pair<ListControl MainForm::*, Handler> cases[] = {
-        {&MainForm::ListView2, release_on_system_analysis},
-        {&MainForm::ListView3, release_on_application_analysis},
-        {&MainForm::ListView4, release_on_security_analysis}};
     int number = 2;
-    for (const auto& [list, handler] : cases) {
+    for (const EventLog log : kEventLogs) {
         Rig rig;
-        ListControl& table = rig.console.Form1.*list;
-        release(rig, handler, 2);
+        ListControl& table = analysis_of(rig.console.Form1, log);
+        release(rig, release_on_analysis, log, 2);
         EXPECT_TRUE(rig.windows.menus.empty());
         rig.console.Form1.lblselectedTab2.caption = "before";
         table.add_row("7036", 0);
         for (const char* text : {"12", "Service Control Manager"}) table.row(1).add_sub_item(text);
         Rig::select(table, {1});
-        release(rig, handler, 1);
+        release(rig, release_on_analysis, log, 1);
         EXPECT_EQ(fakes::drawn(rig, "lblEventDetail lblselectedTab2"),
                   "\nlblEventDetail: \"Event Code: 7036, Event Source: Service Control Manager\"\n"
                   "lblselectedTab2: \"before\"\n");
-        release(rig, handler, 2);
+        release(rig, release_on_analysis, log, 2);
         EXPECT_EQ(rig.console.Form1.lblselectedTab2.caption, "list" + std::to_string(number++));
         EXPECT_EQ(rig.windows.menus, std::vector<std::string>{"popmeup3"});
         rig.run(lookupinquillard2);

@@ -7,8 +7,8 @@
 
 #include "core/controls.h"
 #include "core/form.h"
+#include "core/icons.h"
 #include "core/status_bar.h"
-#include "core/type_words.h"
 
 namespace tessarine {
 
@@ -21,8 +21,8 @@ struct LegendEntry {
 };
 
 inline constexpr LegendEntry kErrorLegend{"Errors", kRed, kIconError};
-// KEEP(graph-draws-warnings-blue): warnings are called alerts here, and are blue. The yellow of the
-// summary's charts looks right, but each chart is read by the legend beside it.
+// KEEP(graph-draws-warnings-blue): the word and the colour of the summary's charts would leave what
+// this chart is known by.
 inline constexpr LegendEntry kWarningLegend{"Alerts", kBlue, kIconWarning};
 inline constexpr LegendEntry kInformationLegend{"Informations", kGreen, kIconInformation};
 inline constexpr LegendEntry kFailureLegend{"Audit Failures", kRed, kIconAuditFailure};
