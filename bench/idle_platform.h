@@ -49,7 +49,7 @@ class IdleDialogs final : public Dialogs {
     MessageAnswer message_box(const std::string&, MessageStyle) override {
         return MessageAnswer::No;
     }
-    std::string choose_file(const std::string&, const std::vector<FileFilter>&,
+    std::string choose_file(FilePurpose, const std::string&, const std::vector<FileFilter>&,
                             const std::string&) override {
         return {};
     }

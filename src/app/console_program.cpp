@@ -31,7 +31,8 @@ static void load_pictures() {
 namespace tessarine {
 
 struct ConsoleProgram::Parts {
-    explicit Parts(FileChooser chooser) : dialogs(chooser, [this] { windows.refresh(); }) {
+    explicit Parts(FileChooser chooser)
+        : dialogs(chooser, program.application_directory(), [this] { windows.refresh(); }) {
         windows.open(console, control_events());
     }
     // The windows know the console, which ends first.

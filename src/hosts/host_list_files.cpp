@@ -16,6 +16,8 @@
 namespace tessarine {
 namespace {
 
+using enum FilePurpose;
+
 constexpr const char* kStartFolder = "c:\\";
 constexpr const char* kTextFiles = "Text File (*.txt);*.txt";
 
@@ -59,17 +61,24 @@ void write_hosts(Console& console, const ErrorRegime& errors, const std::string&
     errors.run([&] { file->close(); });
 }
 
+// The chooser can't ask: it doesn't know the name's ending.
+bool may_be_written(Console& console, const std::string& path) {
+    return !console.platform.files.file_exists(path) ||
+           console.platform.dialogs.message_box(path + " is there already. Replace it?",
+                                                MessageStyle::YesNoQuestion) == MessageAnswer::Yes;
+}
+
 }  // namespace
 
-std::string BrowseForFile(Console& console, const std::string& start_folder,
+std::string BrowseForFile(Console& console, FilePurpose purpose, const std::string& start_folder,
                           const std::string& filters, const std::string& title) {
-    return console.platform.dialogs.choose_file(start_folder, filters_of(filters), title);
+    return console.platform.dialogs.choose_file(purpose, start_folder, filters_of(filters), title);
 }
 
 void loadfrmlist(Console& console) {
     ErrorRegime errors;
     errors.ignore_from_here();
-    const std::string path = BrowseForFile(console, kStartFolder, kTextFiles, "");
+    const std::string path = BrowseForFile(console, Open, kStartFolder, kTextFiles, "");
     if (!path.empty()) {
         console.Form1.ListView1.clear();
         // A reading that fails ends like the file itself.
@@ -87,12 +96,14 @@ void exporthostlist(Console& console) {
         return;
     }
     status.set_text(1, "");
-    const std::string path = BrowseForFile(console, kStartFolder, kTextFiles, "Save to..");
+    const std::string path = BrowseForFile(console, Save, kStartFolder, kTextFiles, "Save to..");
     if (path.empty()) return;
     // KEEP(export-always-adds-txt): "hosts.txt" is written as "hosts.txt.txt". Adding the ending
     // only where it is missing looks right, but the name that is written is the chosen one and
     // ".txt".
-    write_hosts(console, errors, path + ".txt");
+    const std::string written = path + ".txt";
+    if (!may_be_written(console, written)) return;
+    write_hosts(console, errors, written);
     // KEEP(export-always-reports-success): also when nothing could be written.
     status.set_text(1, "Hosts list exported...");
 }

@@ -6,8 +6,11 @@
 
 namespace tessarine {
 
+/// A question has the buttons Yes and No. Its default is No, since a Yes loses something.
 enum class MessageStyle { Information, Critical, YesNoQuestion };
 enum class MessageAnswer { Ok, Yes, No };
+
+enum class FilePurpose { Open, Save };
 
 /// One kind of file in a chooser: what the user reads and what the names match, as in
 /// {"Text File (*.txt)", "*.txt"}.
@@ -22,8 +25,9 @@ class Dialogs {
 
     virtual MessageAnswer message_box(const std::string& text, MessageStyle style) = 0;
 
-    /// The path of the chosen file, which need not exist; empty when the user cancels.
-    virtual std::string choose_file(const std::string& start_folder,
+    /// The path of the chosen file; empty when the user cancels. A name to save under can be new,
+    /// and whether a file of that name is replaced is left to the caller to ask.
+    virtual std::string choose_file(FilePurpose purpose, const std::string& start_folder,
                                     const std::vector<FileFilter>& filters,
                                     const std::string& title) = 0;
 

@@ -21,6 +21,7 @@ class ScriptedDialogs final : public Dialogs {
         friend bool operator==(const Message&, const Message&) = default;
     };
     struct FileChoice {
+        FilePurpose purpose;
         std::string start_folder;
         std::string filters;  ///< "caption=pattern;" for each
         std::string title;
@@ -36,17 +37,18 @@ class ScriptedDialogs final : public Dialogs {
         return taken(answers_, MessageAnswer::No, text);
     }
 
-    std::string choose_file(const std::string& start_folder, const std::vector<FileFilter>& filters,
+    std::string choose_file(FilePurpose purpose, const std::string& start_folder,
+                            const std::vector<FileFilter>& filters,
                             const std::string& title) override {
         std::string shown;
         for (const FileFilter& filter : filters)
             shown += filter.caption + "=" + filter.pattern + ";";
-        choices.push_back({start_folder, shown, title});
+        choices.push_back({purpose, start_folder, shown, title});
         return taken(files_, std::string(), "choice of a file");
     }
 
     std::string ask_save_name(const std::string& proposed_name) override {
-        return choose_file("", {}, "save " + proposed_name);
+        return choose_file(FilePurpose::Save, "", {}, "save " + proposed_name);
     }
 
     std::vector<Message> messages;

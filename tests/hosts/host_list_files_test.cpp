@@ -30,7 +30,7 @@ st1: [][][][5 hosts][]
 )");
     EXPECT_EQ(rig.dialogs.choices.at(0),
               (fakes::ScriptedDialogs::FileChoice{
-                  "c:\\", "Text File (*.txt)=*.txt;All Files (*.*)=*.*;", ""}));
+                  FilePurpose::Open, "c:\\", "Text File (*.txt)=*.txt;All Files (*.*)=*.*;", ""}));
 }
 
 TEST(HostListFiles, CancelKeepsTheListAndFailuresShortenIt) {
@@ -60,17 +60,35 @@ TEST(HostListFiles, ExportWritesNamesUnderTheChosenNameAndTxt) {
 
     rig.list_hosts({"PC1", "", "\\\\PC2"});
     rig.console.Form1.ListView1.row(1).set_report_icon(1, 8);
-    rig.files.put("/list.txt.txt", "old and much longer than the new content");
     rig.dialogs.choose_file_next("/list.txt");
     rig.run(exporthostlist);
     EXPECT_EQ(rig.files.names(), "/list.txt.txt\n");
     EXPECT_EQ(rig.files.bytes("/list.txt.txt"), "PC1\r\n\r\n\\\\PC2\r\n");
     EXPECT_EQ(rig.console.Form1.st1.text(1), "Hosts list exported...");
     EXPECT_EQ(rig.dialogs.choices.at(0).title, "Save to..");
+    EXPECT_EQ(rig.dialogs.choices.at(0).purpose, FilePurpose::Save);
+    EXPECT_TRUE(rig.dialogs.messages.empty());
 
     rig.dialogs.choose_file_next("");
     rig.run(exporthostlist);
     EXPECT_EQ(rig.console.Form1.st1.text(1), "");
+}
+
+TEST(HostListFiles, ExportReplacesAFileOnlyAfterAYes) {
+    const std::string old = "old and much longer than the new content";
+    for (const auto& [answer, content, said] :
+         {std::tuple(MessageAnswer::No, old.c_str(), ""),
+          std::tuple(MessageAnswer::Yes, "PC1\r\n", "Hosts list exported...")}) {
+        Rig rig;
+        rig.list_hosts({"PC1"});
+        rig.files.put("/list.txt", old);
+        rig.dialogs.choose_file_next("/list");
+        rig.dialogs.answer_next(answer);
+        rig.run(exporthostlist);
+        EXPECT_EQ(rig.files.bytes("/list.txt"), content);
+        EXPECT_EQ(rig.console.Form1.st1.text(1), said);
+        EXPECT_EQ(rig.dialogs.messages.at(0).text, "/list.txt is there already. Replace it?");
+    }
 }
 
 // KEEP(export-always-reports-success)
@@ -100,7 +118,7 @@ TEST(BrowseForFile, ReadsItsListOfFilters) {
         {"Text;*.txt|Logs|*.log;", "Text=*.txt;Logs=*.log;All Files (*.*)=*.*;"}};
     for (const auto& [list, filters] : lists) {
         rig.dialogs.choose_file_next("/chosen");
-        EXPECT_EQ(BrowseForFile(rig.console, "c:\\", list, "Title"), "/chosen");
+        EXPECT_EQ(BrowseForFile(rig.console, FilePurpose::Open, "c:\\", list, "Title"), "/chosen");
         EXPECT_EQ(rig.dialogs.choices.back().filters, filters);
     }
 }

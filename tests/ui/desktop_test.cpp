@@ -39,34 +39,53 @@ void in_next(const std::function<void(Dialog&)>& act) {
     poll->start(10);
 }
 
+void type_into(QFileDialog& chooser, const QString& name) {
+    auto* field = chooser.findChild<QLineEdit*>("fileNameEdit");
+    field->setText(name);
+    QTest::keyClick(field, Qt::Key_Return);
+}
+
 void type_name(const QString& name) {
-    in_next<QFileDialog>([name](QFileDialog& chooser) {
-        auto* field = chooser.findChild<QLineEdit*>("fileNameEdit");
-        field->setText(name);
-        QTest::keyClick(field, Qt::Key_Return);
-    });
+    in_next<QFileDialog>([name](QFileDialog& chooser) { type_into(chooser, name); });
 }
 
 std::string choose(QtDialogs& dialogs, const QTemporaryDir& folder) {
-    return dialogs.choose_file(folder.path().toStdString(),
+    return dialogs.choose_file(FilePurpose::Save, folder.path().toStdString(),
                                {{"Text File (*.txt)", "*.txt"}, {"All Files (*.*)", "*.*"}}, "");
 }
 
-TEST(QtDialogs, AFileThatIsNotThereYetCanBeChosen) {
+// A chooser of the desktop takes a new name only where it saves.
+TEST(QtDialogs, ANewNameCanBeGivenWhereAFileIsSaved) {
     const QTemporaryDir folder;
-    QtDialogs dialogs(FileChooser::OfQt);
+    QtDialogs dialogs(FileChooser::OfQt, {});
     type_name("new list");
     EXPECT_EQ(choose(dialogs, folder), folder.filePath("new list").toStdString());
     in_next<QFileDialog>([](QFileDialog& chooser) {
         EXPECT_EQ(chooser.nameFilters(), QStringList({"Text File (*.txt)", "All Files (*)"}));
+        EXPECT_EQ(chooser.acceptMode(), QFileDialog::AcceptSave);
+        EXPECT_TRUE(chooser.testOption(QFileDialog::DontConfirmOverwrite));
         chooser.reject();
     });
     EXPECT_EQ(choose(dialogs, folder), "");
 }
 
+TEST(QtDialogs, TheChooserOpensInTheFirstFolderAndThenWhereTheLastFileWas) {
+    const QTemporaryDir first, second;
+    QFile(second.filePath("list.txt")).open(QIODevice::WriteOnly);
+    QtDialogs dialogs(FileChooser::OfQt, first.path().toStdString());
+    const QString list = second.filePath("list.txt");
+    for (const QTemporaryDir* folder : {&first, &second}) {
+        in_next<QFileDialog>([&](QFileDialog& chooser) {
+            EXPECT_EQ(chooser.directory().path(), folder->path());
+            type_into(chooser, list);
+        });
+        EXPECT_EQ(dialogs.choose_file(FilePurpose::Open, "c:\\", {}, ""), list.toStdString());
+    }
+}
+
 TEST(QtDialogs, APathThatTheCodePageLacksIsRefusedInWords) {
     const QTemporaryDir folder;
-    QtDialogs dialogs(FileChooser::OfQt);
+    QtDialogs dialogs(FileChooser::OfQt, {});
     type_name(QString::fromUtf8("h\u00F6sts"));
     EXPECT_EQ(choose(dialogs, folder), folder.filePath("h").toStdString() + "\xF6sts");
     type_name(QString::fromUtf8("\u4E3B\u6A5F"));
@@ -78,7 +97,7 @@ TEST(QtDialogs, APathThatTheCodePageLacksIsRefusedInWords) {
 }
 
 TEST(QtDialogs, ANameToSaveUnderIsProposed) {
-    QtDialogs dialogs(FileChooser::OfQt);
+    QtDialogs dialogs(FileChooser::OfQt, {});
     const QString proposed = QDir::home().filePath("test.xls");
     in_next<QFileDialog>([&](QFileDialog& chooser) {
         EXPECT_EQ(chooser.selectedFiles(), QStringList(proposed));
@@ -87,16 +106,15 @@ TEST(QtDialogs, ANameToSaveUnderIsProposed) {
     EXPECT_EQ(dialogs.ask_save_name("test.xls"), "");
 }
 
-TEST(QtDialogs, AQuestionIsAnsweredByItsButtonsAndNoByEsc) {
+TEST(QtDialogs, AQuestionIsAnsweredByItsButtonsAndEnterMeansNo) {
     int shown_before = 0;
-    QtDialogs dialogs(FileChooser::OfQt, [&] { ++shown_before; });
+    QtDialogs dialogs(FileChooser::OfQt, {}, [&] { ++shown_before; });
     in_next<QMessageBox>([](QMessageBox& box) {
         EXPECT_EQ(box.text(), "one\ntwo");
         box.button(QMessageBox::Yes)->click();
     });
     EXPECT_EQ(dialogs.message_box("one\r\ntwo", MessageStyle::YesNoQuestion), MessageAnswer::Yes);
-    in_next<QMessageBox>(
-        [](QMessageBox& box) { QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton); });
+    in_next<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
     EXPECT_EQ(dialogs.message_box("sure?", MessageStyle::YesNoQuestion), MessageAnswer::No);
     EXPECT_EQ(shown_before, 2);
 }

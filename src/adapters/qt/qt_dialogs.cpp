@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <utility>
 
@@ -44,8 +45,11 @@ QString existing_folder(const std::string& wanted, const std::string& last) {
 
 }  // namespace
 
-QtDialogs::QtDialogs(FileChooser chooser, std::function<void()> before_showing)
-    : chooser_(chooser), before_showing_(std::move(before_showing)) {}
+QtDialogs::QtDialogs(FileChooser chooser, std::string first_folder,
+                     std::function<void()> before_showing)
+    : chooser_(chooser),
+      last_folder_(std::move(first_folder)),
+      before_showing_(std::move(before_showing)) {}
 
 MessageAnswer QtDialogs::message_box(const std::string& text, MessageStyle style) {
     if (before_showing_) before_showing_();
@@ -55,19 +59,22 @@ MessageAnswer QtDialogs::message_box(const std::string& text, MessageStyle style
                     question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok,
                     parent_of_dialogs());
     box.setTextFormat(Qt::PlainText);
+    if (question) box.setDefaultButton(QMessageBox::No);
     const int answer = box.exec();
     if (!question) return MessageAnswer::Ok;
     return answer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
 }
 
-std::string QtDialogs::choose_file(const std::string& start_folder,
+std::string QtDialogs::choose_file(FilePurpose purpose, const std::string& start_folder,
                                    const std::vector<FileFilter>& filters,
                                    const std::string& title) {
     if (before_showing_) before_showing_();
     const QString caption = title.empty() ? QObject::tr("Choose a File") : text_to_qt(title);
     QFileDialog chooser(parent_of_dialogs(), caption, existing_folder(start_folder, last_folder_));
-    // The same chooser serves for writing, so a name that isn't there yet can be typed.
-    chooser.setFileMode(QFileDialog::AnyFile);
+    const bool saves = purpose == FilePurpose::Save;
+    chooser.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    chooser.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    chooser.setOption(QFileDialog::DontConfirmOverwrite);
     chooser.setLabelText(QFileDialog::Accept, QObject::tr("&OK"));
     QStringList names;
     for (const FileFilter& filter : filters) names += filter_text(filter);
@@ -89,7 +96,7 @@ std::string QtDialogs::path_chosen_in(QFileDialog& chooser) {
     if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty()) return {};
     const QString path = chooser.selectedFiles().constFirst();
     if (survives_code_page(path)) {
-        last_folder_ = text_from_qt(chooser.directory().path());
+        last_folder_ = text_from_qt(QFileInfo(path).path());
         return text_from_qt(path);
     }
     message_box("The path " + text_from_qt(path) +

@@ -14,13 +14,16 @@ enum class FileChooser { OfTheDesktop, OfQt };
 class QtDialogs final : public Dialogs {
   public:
     /// `before_showing` is called first, so that the windows behind a dialog show what is true.
-    explicit QtDialogs(FileChooser chooser, std::function<void()> before_showing = {});
+    QtDialogs(FileChooser chooser, std::string first_folder,
+              std::function<void()> before_showing = {});
 
     MessageAnswer message_box(const std::string& text, MessageStyle style) override;
 
-    /// A start folder that isn't there counts as the one last used, at first the user's home. A
-    /// path that the 8-bit code page can't hold is refused with a message, and counts as cancelled.
-    std::string choose_file(const std::string& start_folder, const std::vector<FileFilter>& filters,
+    /// A start folder that isn't there counts as that of the file chosen last, at first as
+    /// `first_folder`. A path that the 8-bit code page can't hold is refused with a message, and
+    /// counts as cancelled.
+    std::string choose_file(FilePurpose purpose, const std::string& start_folder,
+                            const std::vector<FileFilter>& filters,
                             const std::string& title) override;
     std::string ask_save_name(const std::string& proposed_name) override;
 
@@ -28,8 +31,8 @@ class QtDialogs final : public Dialogs {
     std::string path_chosen_in(QFileDialog& chooser);
 
     FileChooser chooser_;
-    std::function<void()> before_showing_;
     std::string last_folder_;
+    std::function<void()> before_showing_;
 };
 
 }  // namespace tessarine
