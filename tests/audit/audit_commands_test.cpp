@@ -52,6 +52,7 @@ TEST_F(AuditCommands, TheTestOfAHostWaitsThreeSecondsAndTellsTheLastState) {
         EXPECT_EQ(rig.console.Form1.lblReturn.caption, each.verdict);
         EXPECT_EQ(rig.timeline.now() - start, 3000);
         EXPECT_FALSE(rig.console.ConCheck.loaded());
+        EXPECT_EQ(rig.timeline.next_moment(), std::nullopt) << "the connection is still open";
         start = rig.timeline.now();
     }
     EXPECT_EQ(rig.probe.attempts.front(), "PC1:135");
