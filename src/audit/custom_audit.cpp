@@ -7,6 +7,7 @@
 #include "audit/connection_check.h"
 #include "core/console_state.h"
 #include "core/host_rows.h"
+#include "core/marked_host.h"
 #include "core/regional_text.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
@@ -67,7 +68,7 @@ void walk_rows(Console& console, const CustomAudit& audit, bool selected_only) {
 
 // The mode of a single host has no row number.
 void audit_single_host(Console& console, const CustomAudit& audit) {
-    const int row = console.Form1.ListView1.selected_item();
+    const int row = marked_host(console);
     if (row == 0) return;
     leave_dialog(console);
     show_position(console, 0);
@@ -79,9 +80,10 @@ void audit_single_host(Console& console, const CustomAudit& audit) {
 void custaudit(Console& console) {
     ListControl& list = console.Form1.ListView1;
     const int selected = selected_hosts(list);
-    if (selected <= 1 && list.selected_item() == 0) return;
+    const int row = marked_host(console);
+    if (row == 0) return;
     console.Form4->lblHostName.caption =
-        selected > 1 ? "selected" : std::string(list.row(list.selected_item()).text());
+        selected > 1 ? "selected" : std::string(list.row(row).text());
     console.platform.form_windows.show_modal(FormId::Form4);
 }
 

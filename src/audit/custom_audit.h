@@ -5,7 +5,7 @@ namespace tessarine {
 
 struct Console;
 
-/// Shows Form4 for the selected hosts; without any it does nothing. Raises no error.
+/// Shows Form4 for the selected hosts; without any it only says so. Raises no error.
 void custaudit(Console& console);
 
 /// Shows Form4 for all hosts of the list. Raises no error.

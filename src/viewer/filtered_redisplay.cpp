@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "core/console_state.h"
+#include "core/marked_host.h"
 #include "core/text.h"
 #include "platform/form_windows.h"
 #include "viewer/log_loading.h"
@@ -32,8 +33,8 @@ constexpr std::array kRedisplays = {
 
 void click_type_box(Console& console, EventLog log) {
     ListControl& hosts = console.Form1.ListView1;
-    const int row = hosts.selected_item();
-    if (row > 0)
+    if (hosts.count() == 0) return;
+    if (const int row = marked_host(console))
         ShowRecords(console, std::string(hosts.row(row).text()), std::string(facts_of(log).word));
 }
 

@@ -5,6 +5,7 @@
 #include "core/console_state.h"
 #include "core/error_regime.h"
 #include "core/host_rows.h"
+#include "core/marked_host.h"
 #include "platform/form_windows.h"
 #include "viewer/log_loading.h"
 
@@ -29,10 +30,10 @@ static_assert(kSteps[0].log.log == EventLog::Security && kSteps[2].log.log == Ev
 
 void vieweventlogs(Console& console) {
     MainForm& form = console.Form1;
+    const int row = marked_host(console);
+    if (row == 0) return;
     form.SystemList.set_sorted(false);
     form.ApplicationList.set_sorted(false);
-    const int row = form.ListView1.selected_item();
-    if (row == 0) return;
     const std::string host(form.ListView1.row(row).text());
     ViewEventLog(console, host);
     form.txtSelectedHost.text = "Host: " + host;

@@ -142,11 +142,6 @@ TEST_F(AuditCommands, ACustomAuditOfOneHostGoesByItsName) {
     EXPECT_FALSE(rig.console.Form4.loaded());
 }
 
-TEST_F(AuditCommands, ACustomAuditIsIgnoredWithoutARow) {
-    rig.run(custaudit);
-    EXPECT_TRUE(rig.windows.shown.empty());
-}
-
 TEST_F(AuditCommands, TheCustomDialogReadsTheChoiceBack) {
     std::string said;
     rig.windows.when_shown(FormId::Form4, [&](Console& console) {

@@ -2,9 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include "audit/custom_audit.h"
 #include "fakes/drawn.h"
 #include "fakes/rig.h"
 #include "hosts/add_host_dialog.h"
+#include "viewer/filtered_redisplay.h"
+#include "viewer/host_loading.h"
 
 namespace tessarine {
 namespace {
@@ -44,6 +47,41 @@ TEST(HostList, RemovalLeavesTheOthersInTheirOrder) {
     EXPECT_EQ(drawn(rig, "ListView1"), "\nListView1:\n  1|B|-\n  1|C|-\n  1|F|-\n");
     rig.run(removehost);
     EXPECT_EQ(rig.console.Form1.ListView1.count(), 3);
+}
+
+// A click on free ground takes the mark away and leaves the selected item as it was.
+TEST(HostList, CommandsOnOneHostTakeTheRowThatIsMarked) {
+    const struct {
+        std::vector<int> marked;
+        std::string said, host;
+    } cases[] = {{{}, "No host selected", ""}, {{1}, "", "PC1"}};
+    for (const auto& each : cases) {
+        Rig rig;
+        MainForm& form = rig.console.Form1;
+        rig.list_hosts({"PC1", "PC2"});
+        Rig::select(form.ListView1, each.marked);
+        const auto taken_by = [&](const auto& command, const auto& host) {
+            form.ListView1.set_selected_item(2);
+            form.st1.set_text(1, "");
+            rig.run(command);
+            EXPECT_EQ(form.st1.text(1), each.said);
+            EXPECT_EQ(host(), each.host);
+        };
+        for (const char* host : {"PC1", "PC2"})
+            rig.files.put(std::string("/app/Data/") + host + "_system.log",
+                          std::string("error|d|t|s|1|u|") + host + "|m\r\n");
+        std::string audited;
+        rig.windows.when_shown(FormId::Form4, [&](Console& console) {
+            audited = console.Form4->lblHostName.caption;
+            console.Form4.unload();
+        });
+        taken_by(custaudit, [&] { return audited; });
+        taken_by(
+            [](Console& console) { click_type_box(console, EventLog::System); },
+            [&] { return form.SystemList.count() == 0 ? "" : form.SystemList.row(1).sub_item(6); });
+        taken_by(vieweventlogs,
+                 [&] { return form.List1Index.text.empty() ? "" : "PC" + form.List1Index.text; });
+    }
 }
 
 class DeleteLogs : public testing::Test {
