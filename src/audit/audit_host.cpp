@@ -70,6 +70,7 @@ bool pull_events(Console& console, const std::string& host, const std::string& k
                  EventFiles& files) {
     MainForm& form = console.Form1;
     make_empty_files(console, host);
+    // KEEP(audit-empties-the-system-table): the System table would keep what it shows.
     form.SystemList.clear();
     console.mouse_pointer = kPointerHourglass;
     form.st1.set_text(1, "Attempting connection to host: " + host);
@@ -94,13 +95,13 @@ bool pull_events(Console& console, const std::string& host, const std::string& k
 // own.
 void report_failure(Console& console, const std::string& host, const std::string& description,
                     EventFiles& files, AuditLog& log) {
-    ErrorRegime errors;
-    errors.ignore_from_here();
-    errors.run([&] { files.close(); });
-    console.Form1.st1.set_text(1, description + " - Audit error");
-    console.Form1.AuditStat.text = "error";
-    errors.run([&] { log.append(console, host + " Audit Error --" + description); });
-    errors.run([&] { log.close(); });
+    ignoring_errors([&](const ErrorRegime& errors) {
+        errors.run([&] { files.close(); });
+        console.Form1.st1.set_text(1, description + " - Audit error");
+        console.Form1.AuditStat.text = "error";
+        errors.run([&] { log.append(console, host + " Audit Error --" + description); });
+        errors.run([&] { log.close(); });
+    });
 }
 
 }  // namespace

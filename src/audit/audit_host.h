@@ -16,7 +16,7 @@ struct LogSelection {
 
 /// Pulls the events of `HostName` into its three files. `Kind` is "full" or a date as month "/" day
 /// "/" year. The outcome, "ok" or "error", is left in AuditStat, and a line in the audit log. Every
-/// runtime error ends in that outcome; none leaves the routine.
+/// runtime error ends in that outcome.
 void AuditHost(Console& console, const std::string& HostName, const std::string& Kind,
                const LogSelection& selection);
 

@@ -8,7 +8,7 @@ namespace tessarine {
 struct Console;
 
 /// Shows ConCheck for `host` and leaves "hostok" or "hostdown" in lblReturn of Form1. Reports
-/// nothing itself and raises no error.
+/// nothing itself.
 void test_host(Console& console, const std::string& host);
 
 /// Timer1 of ConCheck: the attempt ends and the form unloads itself.

@@ -30,10 +30,10 @@ void show_choice(Console& console) {
                                : "Perform audit from: " + day + " onwards";
 }
 
-// KEEP(custom-audit-takes-names-as-they-stand): a leading "\\" goes to the connection and into the
-// file names, though a full audit removes it.
-// KEEP(custom-audit-of-a-down-host-leaves-no-trace): a host that is down keeps the icon that it
-// had. Marking it as failed looks right, but only a full audit does so.
+// KEEP(custom-audit-takes-names-as-they-stand): removing a leading "\\", as a full audit does,
+// would change the connection and the names of the files.
+// KEEP(custom-audit-of-a-down-host-leaves-no-trace): marking a host that is down, as a full audit
+// does, would take away the icon that it had.
 void audit_row(Console& console, const CustomAudit& audit, int row) {
     MainForm& form = console.Form1;
     const std::string host(form.ListView1.row(row).text());
@@ -120,8 +120,8 @@ void run_custom_audit(Console& console) {
     }
     const CustomAudit audit{text_of_date(form->MonthView1.value), logs};
     const std::string mode = form->lblHostName.caption;
-    // KEEP(selected-hosts-leave-the-dialog-loaded): only here Form4 stays loaded, hidden, with its
-    // tick, which every later audit of the schedule sees. Unloading it looks right.
+    // KEEP(selected-hosts-leave-the-dialog-loaded): unloading Form4 here would take away its tick,
+    // which a later audit of the schedule sees.
     if (mode == "selected") {
         walk_rows(console, audit, true);
         return;

@@ -16,8 +16,8 @@ EventFiles::EventFiles(const RegionalText& regional, const LogSelection& selecti
              {EventLog::Security, selection.SelSecurity, nullptr}}},
       writer_(regional) {}
 
-// KEEP(every-log-file-is-opened): the selected logs don't matter here. Opening those alone looks
-// right, but an audit of one log under the option to overwrite empties the other two as well.
+// KEEP(every-log-file-is-opened): opening the selected logs alone would leave the other two filled
+// under the option to overwrite.
 void EventFiles::open(Console& console, const std::string& host) {
     auto& settings = console.Form3;
     if (settings->optMove.value) archive_event_logs(console, host);

@@ -14,9 +14,8 @@ std::string event_query(Console& console, const std::string& kind) {
     const Date first = date_of_text(kind);
     std::string query = "Select * from Win32_NTLogEvent Where TimeWritten >= '" +
                         dmtf_of_local_midnight(console.platform.clock, first) + "'";
-    // KEEP(specific-date-couples-to-the-dialog): the tick is read from the dialog whoever audits,
-    // so one that stays behind there narrows a later audit of the schedule to a single day as well.
-    // Passing it along looks right, but would cut that coupling.
+    // KEEP(specific-date-couples-to-the-dialog): handing the tick on from the custom audit would
+    // keep one that stays behind from a later audit of the schedule.
     if (console.Form4->chkSpecificDate.value != 0)
         query += " and TimeWritten < '" +
                  dmtf_of_local_midnight(console.platform.clock, day_after(first)) + "'";

@@ -8,8 +8,8 @@
 namespace tessarine {
 namespace {
 
-// KEEP(archive-stamp-is-taken-anew): every use takes the present minute again. Taking it once looks
-// right, but a minute that changes during the step is an error of the audit.
+// KEEP(archive-stamp-is-taken-anew): one stamp for the whole step would let an audit pass in which
+// the minute changes.
 std::string present_folder(Console& console, const std::string& host) {
     return archive_folder(console.Form3->txtArchivePath.text, host, console.platform.clock.now());
 }

@@ -24,8 +24,8 @@ std::uint32_t little_endian(const std::string& bytes) {
     return number;
 }
 
-// KEEP(number-values-read-as-three-digits): a number is formatted with at least three digits, of
-// which the first three are kept. Reading all of them looks right, but 1234 is to read as "123".
+// KEEP(number-values-read-as-three-digits): reading all digits would give "1234" for 1234, and "5"
+// for 5.
 std::string text_of_number(const std::string& bytes) {
     const std::uint32_t number = little_endian(bytes.substr(0, 4));
     std::string digits = std::to_string(number);
@@ -60,9 +60,8 @@ void load_credentials(Console& console) {
     form->TxtUsername.text = ReadValue(console, "altuser");
     const SecretText password(Scramble(ReadValue(console, "altpass"), kScrambleKey));
     form->TxtUsername.text = NotFoundToEmpty(form->TxtUsername.text);
-    // KEEP(absent-password-reads-scrambled): this comes after the unscrambling, so an absent
-    // password leaves the nine scrambled characters of "Not Found". Emptying it first looks right;
-    // it matters only while the alternate credentials are off.
+    // KEEP(absent-password-reads-scrambled): before the unscrambling, this would empty the field
+    // where there is no password.
     form->TxtPassword.text = password.text() == kNotFound ? "" : password.text();
     form->Check1.value = reads_true(console, "usealtcred") ? 1 : 0;
 }
@@ -135,17 +134,17 @@ std::string ReadValue(const Console& console, const std::string& name) {
 
 void WriteValue(const Console& console, const std::string& name, ValueType type,
                 const std::string& data) {
-    ErrorRegime errors;
-    errors.ignore_from_here();
-    StoredValue value{.type = type, .data = data + '\0'};
-    if (type == ValueType::Number) {
-        const auto number = static_cast<std::uint32_t>(number_of(data));
-        value.data.clear();
-        for (int shift = 0; shift < 32; shift += 8)
-            value.data += static_cast<char>(number >> shift & 0xFF);
-    }
-    errors.run([&] {
-        console.platform.settings_values.write(std::string(kSettingsKey) + "\\", name, value);
+    ignoring_errors([&](const ErrorRegime& errors) {
+        StoredValue value{.type = type, .data = data + '\0'};
+        if (type == ValueType::Number) {
+            const auto number = static_cast<std::uint32_t>(number_of(data));
+            value.data.clear();
+            for (int shift = 0; shift < 32; shift += 8)
+                value.data += static_cast<char>(number >> shift & 0xFF);
+        }
+        errors.run([&] {
+            console.platform.settings_values.write(std::string(kSettingsKey) + "\\", name, value);
+        });
     });
 }
 

@@ -19,7 +19,7 @@ inline constexpr std::string_view kNotFound = "Not Found";
 /// The key that hides the stored password from a casual look.
 inline constexpr std::string_view kScrambleKey = "BrackenHollowFernsideMeadows";
 
-/// The text of a value, or "Not Found". Raises no error.
+/// The text of a value, or "Not Found".
 std::string ReadValue(const Console& console, const std::string& name);
 
 /// Writes a text (type 1) or the number that `data` reads as (type 4). Failures are ignored.
@@ -29,7 +29,7 @@ void WriteValue(const Console& console, const std::string& name, ValueType type,
 /// "Not Found" becomes the empty text.
 std::string NotFoundToEmpty(const std::string& text);
 
-/// Brings all values into the controls of Form3 and the menus of Form1. Raises no error.
+/// Brings all values into the controls of Form3 and the menus of Form1.
 void LoadSettings(Console& console);
 
 }  // namespace tessarine

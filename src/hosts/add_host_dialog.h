@@ -5,14 +5,13 @@ namespace tessarine {
 
 struct Console;
 
-/// Shows Form6. Raises no error.
+/// Shows Form6.
 void show_add_host(Console& console);
 
-/// The button adds the name in the field, in upper case; an empty field adds nothing. Raises no
-/// error.
+/// The button adds the name in the field, in upper case; an empty field adds nothing.
 void add_typed_host(Console& console);
 
-/// Enter in the field adds a row also when it is empty. Raises no error.
+/// Enter in the field adds a row also when it is empty.
 void add_typed_host_on_enter(Console& console);
 
 }  // namespace tessarine

@@ -14,8 +14,8 @@ namespace {
 
 constexpr int kRightButton = 2;
 
-// KEEP(delete-logs-takes-names-as-they-stand): a name with a leading "\\" has no files here, though
-// viewing and auditing find them. Removing the "\\" looks right, but would delete files.
+// KEEP(delete-logs-takes-names-as-they-stand): finding the files of a name with a leading "\\", as
+// viewing and auditing do, would delete them.
 bool has_log(Console& console, const std::string& host, EventLog log) {
     if (host.starts_with("\\\\") || !can_name_files(host)) return false;
     return console.platform.files.file_exists(
@@ -24,8 +24,8 @@ bool has_log(Console& console, const std::string& host, EventLog log) {
 
 void delete_logs_of(Console& console, const std::string& host) {
     for (const EventLog log : kEventLogs) {
-        // KEEP(delete-logs-reports-the-last-file): each file replaces the text of the one before. A
-        // sum looks right, but a host without a security log ends with "Log not found..".
+        // KEEP(delete-logs-reports-the-last-file): a sum of all files would replace the text of the
+        // last one.
         if (has_log(console, host, log)) {
             console.platform.files.remove(host_log_path(console.Form3->txtLogPath.text, host, log));
             console.Form1.st1.set_text(1, "Deleted logs of Host " + host);

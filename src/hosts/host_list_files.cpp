@@ -76,36 +76,37 @@ std::string BrowseForFile(Console& console, FilePurpose purpose, const std::stri
 }
 
 void loadfrmlist(Console& console) {
-    ErrorRegime errors;
-    errors.ignore_from_here();
-    const std::string path = BrowseForFile(console, Open, kStartFolder, kTextFiles, "");
-    if (!path.empty()) {
-        console.Form1.ListView1.clear();
-        // A reading that fails ends like the file itself.
-        errors.run([&] { add_hosts_of_file(console, path); });
-    }
-    show_host_count(console);
+    ignoring_errors([&](const ErrorRegime& errors) {
+        const std::string path = BrowseForFile(console, Open, kStartFolder, kTextFiles, "");
+        if (!path.empty()) {
+            console.Form1.ListView1.clear();
+            // A reading that fails ends like the file itself.
+            errors.run([&] { add_hosts_of_file(console, path); });
+        }
+        show_host_count(console);
+    });
 }
 
 void exporthostlist(Console& console) {
-    ErrorRegime errors;
-    errors.ignore_from_here();
-    StatusBar& status = console.Form1.st1;
-    if (console.Form1.ListView1.count() == 0) {
-        status.set_text(1, "Populate the hosts for exporting...");
-        return;
-    }
-    status.set_text(1, "");
-    const std::string path = BrowseForFile(console, Save, kStartFolder, kTextFiles, "Save to..");
-    if (path.empty()) return;
-    // KEEP(export-always-adds-txt): "hosts.txt" is written as "hosts.txt.txt". Adding the ending
-    // only where it is missing looks right, but the name that is written is the chosen one and
-    // ".txt".
-    const std::string written = path + ".txt";
-    if (!may_be_written(console, written)) return;
-    write_hosts(console, errors, written);
-    // KEEP(export-always-reports-success): also when nothing could be written.
-    status.set_text(1, "Hosts list exported...");
+    ignoring_errors([&](const ErrorRegime& errors) {
+        StatusBar& status = console.Form1.st1;
+        if (console.Form1.ListView1.count() == 0) {
+            status.set_text(1, "Populate the hosts for exporting...");
+            return;
+        }
+        status.set_text(1, "");
+        const std::string path =
+            BrowseForFile(console, Save, kStartFolder, kTextFiles, "Save to..");
+        if (path.empty()) return;
+        // KEEP(export-always-adds-txt): adding the ending where it is missing alone would write
+        // "hosts.txt" under another name.
+        const std::string written = path + ".txt";
+        if (!may_be_written(console, written)) return;
+        write_hosts(console, errors, written);
+        // KEEP(export-always-reports-success): telling of a failure would change the one text that
+        // the export ends with.
+        status.set_text(1, "Hosts list exported...");
+    });
 }
 
 }  // namespace tessarine

@@ -56,16 +56,15 @@ void load(Console& console, const CodeList& codes) {
     file->close();
 }
 
-// KEEP(missing-code-file-loses-the-change): without a file only a text is shown, and the loading
-// that follows creates the file. Writing the entry looks right, but it is lost, and the list stays.
+// KEEP(missing-code-file-loses-the-change): writing a file that is missing would keep an entry
+// that is to be lost.
 bool has_file(Console& console, const CodeList& codes) {
     const bool exists = console.platform.files.file_exists(path_of(console, codes));
     if (!exists) console.Form1.st1.set_text(1, std::string(codes.missing_file_text));
     return exists;
 }
 
-// KEEP(blank-lines-between-codes): the entry brings a line end, and the writer adds its own. One
-// looks right, but the form of the file is to stay; loading skips the blank lines.
+// KEEP(blank-lines-between-codes): one line end would change the form of the file.
 void append_code(Console& console, const CodeList& codes, std::string_view code) {
     if (!has_file(console, codes)) return;
     const auto file = console.platform.files.open(path_of(console, codes), OpenFor::Appending);
@@ -123,8 +122,8 @@ void LoadIgnoreList(Console& console) {
     load(console, kIgnoredCodes);
 }
 
-// KEEP(an-empty-alert-pattern-is-added): only the ignore list looks at its field. A test here looks
-// right, but an empty field appends two line ends to the file.
+// KEEP(an-empty-alert-pattern-is-added): the ignore list's test would keep the empty line
+// out of the file.
 void add_alert_pattern(Console& console) {
     add_from_field(console, kAlertCodes);
 }
@@ -158,8 +157,8 @@ void addtoignore(Console& console) {
     add_from_event_table(console, kIgnoredCodes);
 }
 
-// KEEP(no-highlighting-from-the-security-analysis): the command leaves the Security table out.
-// Taking any table looks right, but nothing happens there.
+// KEEP(no-highlighting-from-the-security-analysis): taking any table would add codes of the
+// Security table, where nothing is to happen.
 void addtohighlightlist3(Console& console) {
     ListControl* table = marked_analysis_table(console.Form1);
     if (table == nullptr || table == &console.Form1.ListView4) return;

@@ -24,7 +24,7 @@ void add_ignored_code(Console& console);
 void remove_alert_pattern(Console& console);
 void remove_ignored_code(Console& console);
 
-/// A click on a row copies its text to the field. Raise no error.
+/// A click on a row copies its text to the field.
 void pick_alert_pattern(Console& console);
 void pick_ignored_code(Console& console);
 

@@ -22,7 +22,7 @@ class SettingsValues {
     virtual ~SettingsValues() = default;
 
     /// The value of that name, names compared without regard to case; nothing when it is absent or
-    /// can't be read. Raises no error.
+    /// can't be read.
     virtual std::optional<StoredValue> read(const std::string& key, const std::string& name) = 0;
 
     /// Writes durably. Raises a RuntimeError when the store refuses.

@@ -9,7 +9,7 @@ class Shell {
   public:
     virtual ~Shell() = default;
 
-    /// Opens the file or address with its default program. Raises no error and waits for nothing.
+    /// Opens the file or address with its default program. Waits for nothing.
     virtual void open(const std::string& target) = 0;
 
     /// Whether the desktop has a program for files like this one.

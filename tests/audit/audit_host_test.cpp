@@ -8,6 +8,7 @@
 
 #include "audit/event_query.h"
 #include "core/code_page.h"
+#include "core/log_facts.h"
 #include "fakes/drawn.h"
 #include "fakes/environment.h"
 #include "fakes/rig.h"
@@ -70,9 +71,13 @@ TEST_F(AuditHostTest, WritesDatesInTheFormsOfTheMachineForEveryReader) {
     }
 }
 
+// KEEP(audit-empties-the-system-table)
 TEST_F(AuditHostTest, WritesEachLogInTheHostsOrderAndDropsOthers) {
+    for (const EventLog log : kEventLogs) table_of(rig.console.Form1, log).add_row("shown", 3);
     fakes::StatusHistory history(rig.console.Form1.st1);
     audit();
+    EXPECT_EQ(drawn(rig, "SystemList ApplicationList SecurityList"),
+              "\nSystemList:\nApplicationList:\n  3|shown\nSecurityList:\n  3|shown\n");
     EXPECT_EQ(rig.files.bytes(kSystem),
               "information|11/30/2004|11:59:59 PM|Tcpip|4201|N/A|PC1|Ready.\r\n");
     EXPECT_EQ(rig.files.bytes(kApplication),
