@@ -28,18 +28,22 @@ std::string in_application_directory(Console& console, std::string_view name) {
     return path_in(console.platform.program.application_directory(), name);
 }
 
-// Puts the lines of one row behind one another, in memory that it keeps.
+// Makes the lines of rows, in memory that it keeps.
 class RowLines {
   public:
     explicit RowLines(std::string_view log) : log_(log) {}
 
-    std::string_view lines_of(const ListControl::Row& row, int number) {
-        const char* shade = number % 2 == 1 ? "class='light' " : "class='dark' ";
+    std::string_view fields_of(const ListControl::Row& row, const char* shade) {
         lines_.clear();
         add({"<tr ", shade, " ><td>", field(row, Field::Type), "</td><td>",
              field(row, Field::Computer), "</td><td>", log_, "</td><td>", field(row, Field::Date),
              " ", field(row, Field::Time), "</td><td>", field(row, Field::Source), "</td><td>",
              field(row, Field::Event), "</td><td>", field(row, Field::User), "</td></tr>\r\n"});
+        return lines_;
+    }
+
+    std::string_view message_of(const ListControl::Row& row, const char* shade) {
+        lines_.clear();
         add({"<tr ", shade, " > <td colspan=8>"});
         add_message(field(row, Field::Message));
         add({"</td></tr>\r\n", kEmptyLine, "\r\n"});
@@ -77,7 +81,12 @@ void ExportToHtml(Console& console, ListControl& SelList) {
     // an overflow.
     const int count = count16(SelList.count());
     RowLines rows(console.Form1.lblselectedTab.caption);
-    for (int row = 1; row <= count; ++row) file->write(rows.lines_of(SelList.row(row), row));
+    for (int number = 1; number <= count; ++number) {
+        const ListControl::Row row = SelList.row(number);
+        const char* shade = number % 2 == 1 ? "class='light' " : "class='dark' ";
+        file->write(rows.fields_of(row, shade));
+        file->write(rows.message_of(row, shade));
+    }
     write_line(std::string(kEmptyLine) + "</table>");
     std::string footer = "<a href=";
     footer.append(maker_address("")).append("><font face=verdana size=1>").append(maker_site());

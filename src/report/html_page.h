@@ -9,7 +9,8 @@ struct Console;
 
 /// Writes the rows of `SelList`, as they stand on the screen, to tempop.html in the application
 /// directory, afresh. Texts of events go into the page as they are. Raises a RuntimeError when that
-/// can't be written, for a row with fewer than seven sub-items, and "Overflow" for more than 32,767
+/// can't be written, for a row with fewer than seven sub-items, of which the line of its
+/// fields stands in the page when those are there, and "Overflow" for more than 32,767
 /// rows.
 void ExportToHtml(Console& console, ListControl& SelList);
 

@@ -32,7 +32,7 @@ TEST(HtmlPage, ShowsTheTableByteForByte) {
              "Fehler|30.11.2004|23:59:59|Dr\xFC"
              "cker|10|M\xDCLLER|PC2|Gr\xF6\xDF"
              "e \x80 5",
-             "Error|d|t|<b>Source</b>|1&2|\"u\"|'c'|</table><script>alert(1)</script>&nbsp;",
+             "Error|d|t|<b>Source~</b>|1&2|\"u~\"|'c'|</table><script>alert(1)</script>&nbsp;",
              "Error|d|t|s|4625 |u|c|m with 'quotes' and \"more\"",
              "Error|d|t|s| 4625|u|c|\ttab\x01 and \x7F",
              "Error|d|t|s|1|u|c|a | bar and what is behind it",
@@ -82,8 +82,17 @@ TEST(HtmlPage, OfMoreThan32767RowsHasItsHeadAlone) {
 TEST(HtmlPage, FailsAtAShortRowAndAtAFullDisk) {
     Rig rig;
     ListControl& table = rig.console.Form1.SystemList;
-    table.add_row("Error", 4).add_sub_item("d");
-    EXPECT_THROW(ExportToHtml(rig.console, table), RuntimeError);
+    const auto page_fails = [&] {
+        EXPECT_THROW(ExportToHtml(rig.console, table), RuntimeError);
+        return rig.files.bytes(kPage);
+    };
+    ListControl::Row row = table.add_row("Error", 4);
+    for (const char* field : {"d", "t", "s", "1", "u"}) row.add_sub_item(field);
+    const std::string head = page_fails();
+    row.add_sub_item("c");
+    EXPECT_EQ(page_fails(), head +
+                                "<tr class='light'  ><td>Error</td><td>c</td><td></td>"
+                                "<td>d t</td><td>s</td><td>1</td><td>u</td></tr>\r\n");
     rig.files.fail_next(fakes::FileStep::Close, kPage, "The disk is full");
     table.clear();
     EXPECT_THROW(ExportToHtml(rig.console, table), RuntimeError);
