@@ -62,9 +62,11 @@ TEST(AnalysisClicks, TellTheRowAndMarkTheTableForTheMenu) {
     for (const EventLog log : kEventLogs) {
         Rig rig;
         ListControl& table = analysis_of(rig.console.Form1, log);
+        rig.console.Form1.lblselectedTab2.caption = "before";
         release(rig, release_on_analysis, log, 2);
         EXPECT_TRUE(rig.windows.menus.empty());
-        rig.console.Form1.lblselectedTab2.caption = "before";
+        EXPECT_EQ(fakes::drawn(rig, "lblEventDetail lblselectedTab2"),
+                  "\nlblEventDetail: \"--\"\nlblselectedTab2: \"before\"\n");
         table.add_row("7036", 0);
         for (const char* text : {"12", "Service Control Manager"}) table.row(1).add_sub_item(text);
         Rig::select(table, {1});
