@@ -33,6 +33,7 @@ void LineLoading::show_line(const EventRecord& record) {
     const ShownType* type = rows_.type_of(record);
     if (type != nullptr && (form_.*type->box).value == 0) return;
     rows_.add(record, type);
+    if (table_.count() == 0) return;
     const int matches = rows_.highlight(record);
     if (matches > 0) load_.alerts.set(log_.log);
     load_.counts.highlighted += matches;

@@ -48,7 +48,7 @@ TEST(SettingsStore, StoredValuesReachTheirControls) {
         {"mailto", "a@b"},
         {"mailfrom", "c@d"},
         {"mailsmtp", "mail"},
-        {"autoauditat", "7:5"},
+        {"autoauditat", "7:5:9"},
         {"autoretlogsolderthan", "12"},
         {"autosendmail", "true"},
         {"autohostlist", "/h.txt"},

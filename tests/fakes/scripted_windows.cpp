@@ -57,6 +57,7 @@ void ScriptedWindows::let_events_pass() {
     ++yields;
     while (timeline_.next_moment().value_or(kNever) <= timeline_.now())
         timeline_.pass_to(timeline_.now());
+    if (at_each_yield_) run_event(*console_, at_each_yield_);
     if (at_yields_.empty()) return;
     const Script script = at_yields_.front();
     at_yields_.pop_front();

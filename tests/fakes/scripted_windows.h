@@ -37,6 +37,8 @@ class ScriptedWindows final : public FormWindows {
     void when_shown(FormId form, Script script) { scripts_[form] = std::move(script); }
     /// What happens at the next place where events may pass; several calls queue up.
     void when_events_pass(Script script) { at_yields_.push_back(std::move(script)); }
+    /// What happens at each of them.
+    void at_each_yield(Script script) { at_each_yield_ = std::move(script); }
 
     /// Raises an event through the table; one that is not there has no effect.
     void raise(FormId form, EventKind kind);
@@ -60,6 +62,7 @@ class ScriptedWindows final : public FormWindows {
     Console* console_ = nullptr;
     std::map<FormId, Script> scripts_;
     std::deque<Script> at_yields_;
+    Script at_each_yield_;
 };
 
 }  // namespace tessarine::fakes

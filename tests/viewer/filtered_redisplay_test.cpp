@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "core/log_facts.h"
 #include "fakes/drawn.h"
 #include "fakes/rig.h"
 #include "viewer/host_loading.h"
@@ -78,6 +79,30 @@ TEST_F(FilteredRedisplay, ShowsItsStepsAndThePointerOfTheFormAlone) {
     EXPECT_EQ(history.lines,
               "1: Please wait ...\n3: Loading record ... 0 of security log\n1: \n"
               "3: 1 records parsed\n3: Total: 1 events    Ignored:0    Highlighted:0\n");
+}
+
+TEST_F(FilteredRedisplay, LetsEventsPassBetweenItsSteps) {
+    put("system", "error|d|t|s|1|u|c|m\r\n");
+    put("application", "error|d|t|s|1|u|c|m\r\n");
+    put("security", "audit success|d|t|s|1|u|c|m\r\n");
+    const struct {
+        EventLog log;
+        const char* with_file;
+        const char* without;
+    } rows_at_yields[] = {{EventLog::System, "101", "100"},
+                          {EventLog::Application, "101", "10"},
+                          {EventLog::Security, "11", "10"}};
+    for (const auto& [log, with_file, without] : rows_at_yields)
+        for (const int host : {1, 2}) {
+            Rig::select(form.ListView1, {host});
+            table_of(form, log).clear();
+            table_of(form, log).add_row("before", 4);
+            std::string seen;
+            rig.windows.at_each_yield(
+                [&](Console&) { seen += std::to_string(table_of(form, log).count()); });
+            after_click(log, "");
+            EXPECT_EQ(seen, host == 1 ? with_file : without) << facts_of(log).word;
+        }
 }
 
 TEST_F(FilteredRedisplay, DoesNothingWithoutAHostAndEndsWithoutAFile) {
