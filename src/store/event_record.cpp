@@ -1,7 +1,9 @@
 #include "store/event_record.h"
 
+#include <array>
 #include <charconv>
 #include <cstring>
+#include <experimental/simd>
 #include <system_error>
 
 #include "core/regional_text.h"
@@ -9,6 +11,8 @@
 
 namespace tessarine {
 namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
 
 std::string_view text_of(const EventProperties::Property& property) {
     return property.value_or(std::string_view());
@@ -33,15 +37,56 @@ TimeOfDay time_of(std::string_view stamp) {
     return time_of_day(number_at(stamp, 9, 2), number_at(stamp, 11, 2), number_at(stamp, 13, 2));
 }
 
-// Appends the message with each CR LF as one "~"; a lone CR or LF stays as it is.
-void append_message(std::string& line, std::string_view message) {
-    std::size_t pair = message.find("\r\n");
-    while (pair != std::string_view::npos) {
-        line.append(message.substr(0, pair)) += '~';
-        message.remove_prefix(pair + 2);
-        pair = message.find("\r\n");
+// Puts the pieces of a line one after the other into memory that has room for them.
+class LineEnd {
+  public:
+    explicit LineEnd(char* start) : end_(start) {}
+
+    void add(std::string_view text) {
+        std::memcpy(end_, text.data(), text.size());
+        end_ += text.size();
     }
-    line.append(message);
+    void add_field(std::string_view text) {
+        add(text);
+        *end_++ = '|';
+    }
+
+    // The message with each CR LF as one "~"; a lone CR or LF stays as it is. It is the longest
+    // piece, so it is copied while it is looked through.
+    void add_message(std::string_view message) {
+        while (!message.empty()) {
+            const std::size_t plain = copy_to_carriage_return(message);
+            end_ += plain;
+            message.remove_prefix(plain);
+            if (message.empty()) return;
+            const bool pair = message.substr(0, 2) == "\r\n";
+            *end_++ = pair ? '~' : message.front();
+            message.remove_prefix(pair ? 2 : 1);
+        }
+    }
+
+    const char* end() const { return end_; }
+
+  private:
+    std::size_t copy_to_carriage_return(std::string_view text) const;
+
+    char* end_;
+};
+
+// Returns how many characters stand before the first CR. More may have been copied, within the
+// length of the text.
+std::size_t LineEnd::copy_to_carriage_return(std::string_view text) const {
+    namespace simd = std::experimental;
+    using Bytes = simd::native_simd<char>;
+    std::size_t at = 0;
+    for (; text.size() - at >= Bytes::size(); at += Bytes::size()) {
+        const Bytes bytes(text.data() + at, simd::element_aligned);
+        bytes.copy_to(end_ + at, simd::element_aligned);
+        const auto ends = bytes == '\r';
+        if (simd::any_of(ends)) return at + static_cast<std::size_t>(simd::find_first_set(ends));
+    }
+    for (; at < text.size() && text[at] != '\r'; ++at) end_[at] = text[at];
+    return at;
 }
 
 }  // namespace
@@ -73,17 +118,22 @@ std::string_view RecordWriter::line_of(const EventProperties& event) {
         date_text_ = regional_.date(date_of(stamp));
         date_key_ = stamp.substr(0, 8);
     }
-    const std::string_view user = text_of(event.User);
-    line_.assign(text_of(event.Type)) += '|';
-    line_.append(date_text_) += '|';
-    regional_.append_time(line_, time_of(stamp));
-    line_ += '|';
-    line_.append(text_of(event.SourceName)) += '|';
-    line_.append(text_of(event.EventCode)) += '|';
-    line_.append(user.empty() ? "N/A" : user) += '|';
-    line_.append(text_of(event.ComputerName)) += '|';
-    append_message(line_, text_of(event.Message));
-    return line_.append("\r\n");
+    const std::string_view user = event.User.value_or("").empty() ? "N/A" : *event.User;
+    time_text_.clear();
+    regional_.append_time(time_text_, time_of(stamp));
+    const std::array fields = {text_of(event.Type),          std::string_view(date_text_),
+                               std::string_view(time_text_), text_of(event.SourceName),
+                               text_of(event.EventCode),     user,
+                               text_of(event.ComputerName)};
+    const std::string_view message = text_of(event.Message);
+    std::size_t room = fields.size() + message.size() + kLineEnd.size();
+    for (const std::string_view field : fields) room += field.size();
+    if (line_.size() < room) line_.resize(room * 2);
+    LineEnd line(line_.data());
+    for (const std::string_view field : fields) line.add_field(field);
+    line.add_message(message);
+    line.add(kLineEnd);
+    return {line_.data(), static_cast<std::size_t>(line.end() - line_.data())};
 }
 
 }  // namespace tessarine

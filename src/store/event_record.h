@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/list/list_control.h"
 #include "platform/date_time.h"
@@ -49,7 +50,8 @@ class RecordWriter {
 
   private:
     const RegionalText& regional_;
-    std::string line_;
+    std::vector<char> line_;  // with room for the longest line so far
+    std::string time_text_;
     std::string date_key_;  // the eight digits that `date_text_` was made from
     std::string date_text_;
 };

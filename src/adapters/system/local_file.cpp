@@ -38,10 +38,12 @@ int open_or_create(const std::string& path, OpenFor purpose) {
     return created;
 }
 
-void demand_plain_file(int descriptor) {
+// The size of a plain file; anything else is no file to the console.
+off_t size_of_plain_file(int descriptor) {
     struct stat status {};
     if (::fstat(descriptor, &status) != 0) raise_system_error(errno);
     if (!S_ISREG(status.st_mode)) raise_system_error(S_ISDIR(status.st_mode) ? EISDIR : ENXIO);
+    return status.st_size;
 }
 
 }  // namespace
@@ -104,9 +106,11 @@ std::unique_ptr<LocalFile> open_local_file(const std::string& path, OpenFor purp
     if (descriptor < 0)
         raise_system_error(errno, purpose == OpenFor::Reading ? Wanted::File : Wanted::Folder);
     auto file = std::make_unique<LocalFile>(descriptor);
-    demand_plain_file(descriptor);
-    // Only now is it known to be a file that may be emptied.
-    if (purpose == OpenFor::Writing && ::ftruncate(descriptor, 0) != 0) raise_system_error(errno);
+    const off_t size = size_of_plain_file(descriptor);
+    // Only now is it known to be a file that may be emptied. One that is empty stays as it is, as a
+    // system may wait for the disk when it closes a file that was emptied.
+    if (purpose == OpenFor::Writing && size != 0 && ::ftruncate(descriptor, 0) != 0)
+        raise_system_error(errno);
     return file;
 }
 
