@@ -15,6 +15,7 @@
 #include "ui/pages.h"
 #include "ui/qt_text.h"
 #include "ui/widgets.h"
+#include "ui/window_keys.h"
 
 namespace tessarine {
 namespace {
@@ -38,16 +39,21 @@ QWidget* new_code_group(const CodeGroup& group) {
     auto* frame = new QGroupBox(to_qt(group.caption));
     auto* rows = new QVBoxLayout(frame);
     auto* entry = new QHBoxLayout;
-    entry->addWidget(named(new QLineEdit, group.field, group.field_purpose), 1);
-    for (const char* name : {group.add, group.remove}) {
-        auto* button = new_button(name);
+    auto* field = named(new QLineEdit, group.field, group.field_purpose);
+    auto* add = new_button(group.add);
+    auto* remove = new_button(group.remove);
+    entry->addWidget(field, 1);
+    for (QPushButton* button : {add, remove}) {
         button->setFixedWidth(button->fontMetrics().horizontalAdvance(QStringLiteral("remove")) +
                               12);
         entry->addWidget(button);
     }
     rows->addLayout(entry);
-    rows->addWidget(named(new ListView(group.list, ListView::Selects::OneRow), group.list_name,
-                          group.list_purpose));
+    auto* list = named(new ListView(group.list, ListView::Selects::OneRow), group.list_name,
+                       group.list_purpose);
+    rows->addWidget(list);
+    press_on_enter(*field, *add);
+    press_on_delete(*list, *remove);
     return frame;
 }
 
@@ -84,11 +90,14 @@ QWidget* HostColumn::new_search_page() {
 QWidget* HostColumn::new_search_group() {
     auto* group = new QGroupBox(tr("Search Specific String"));
     auto* rows = new QVBoxLayout(group);
-    rows->addWidget(named(new QLineEdit, "TxtSearch", tr("Text to search for")));
+    auto* text = named(new QLineEdit, "TxtSearch", tr("Text to search for"));
+    rows->addWidget(text);
     for (const char* name : {"Check1", "Check2", "Check3"})
         rows->addWidget(named(new QCheckBox, name));
     auto* buttons = new QHBoxLayout;
-    buttons->addWidget(new_button("Command4"));
+    auto* search = new_button("Command4");
+    press_on_enter(*text, *search);
+    buttons->addWidget(search);
     buttons->addWidget(new_button("Command5"));
     rows->addLayout(buttons);
     rows->addWidget(named(new QPlainTextEdit, "txtSearchHist", tr("Search history")), 1);

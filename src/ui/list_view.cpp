@@ -1,6 +1,8 @@
 #include "ui/list_view.h"
 
+#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -127,11 +129,37 @@ void ListView::keyPressEvent(QKeyEvent* event) {
         if (currentIndex().isValid()) emit row_opened();
         return;
     }
+    if (event->matches(QKeySequence::Copy)) {
+        copy_marked_rows();
+        return;
+    }
     const int before = currentIndex().row();
     QTableView::keyPressEvent(event);
     if (currentIndex().row() == before) return;
     emit row_picked();
     emit button_released(number_of(Qt::LeftButton), place_of_current_row());
+}
+
+// Home and End go to rows, since whole rows are what is selected.
+QModelIndex ListView::moveCursor(CursorAction action, Qt::KeyboardModifiers keys) {
+    if (action == MoveHome) return model_->index(0, 0);
+    if (action == MoveEnd) return model_->index(model_->rowCount() - 1, 0);
+    return QTableView::moveCursor(action, keys);
+}
+
+// One line a row, its fields joined by tabs.
+void ListView::copy_marked_rows() const {
+    QStringList lines;
+    QModelIndexList rows = selectionModel()->selectedRows();
+    std::sort(rows.begin(), rows.end());
+    for (const QModelIndex& marked : rows) {
+        const auto row = list_.row(marked.row() + 1);
+        QStringList fields(to_qt(row.text()));
+        for (int column = 1; column < model_->columnCount(); ++column)
+            if (column <= row.sub_item_count()) fields.append(to_qt(row.sub_item(column)));
+        lines.append(fields.join(QLatin1Char('\t')));
+    }
+    if (!lines.isEmpty()) QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 
 QPoint ListView::place_of_current_row() const {

@@ -38,12 +38,14 @@ class ListView : public QTableView {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers keys) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
   private:
     void set_row_height();
     QPoint place_of_current_row() const;
+    void copy_marked_rows() const;
     void share_width();
     int column_width(int column, int width) const;
     int event_column_width(int width, int columns) const;

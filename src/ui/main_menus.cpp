@@ -15,6 +15,7 @@
 #include "ui/mnemonics.h"
 #include "ui/qt_text.h"
 #include "ui/theme_icons.h"
+#include "ui/window_keys.h"
 
 namespace tessarine {
 namespace {
@@ -55,6 +56,7 @@ MainMenus::MainMenus(EventDoor& door, QMainWindow& window) : QObject(&window), d
     for (const std::string_view name : kContextMenus) {
         menus_[name] = new QMenu(&window);
         menus_[name]->setObjectName(object_name(name));
+        new EntriesByLetter(*menus_[name]);
     }
     for (const MenuTableRow& row : kMenuTable) add_entry(row);
     add_toolbar(window);

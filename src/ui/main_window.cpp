@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QScreen>
 #include <QToolBar>
 
 #include "core/console_state.h"
@@ -16,6 +17,7 @@
 #include "ui/show_control.h"
 #include "ui/status_bar_view.h"
 #include "ui/widgets.h"
+#include "ui/window_keys.h"
 
 namespace tessarine {
 namespace {
@@ -27,6 +29,8 @@ constexpr QSize kFirstSize(1366, 800);
 constexpr int kHostFieldWidth = 240;
 constexpr int kRightMargin = 13;
 constexpr int kGap = 4;
+// What a window manager may put around the window.
+constexpr QSize kFrame(8, 40);
 
 }  // namespace
 
@@ -46,9 +50,15 @@ MainWindow::MainWindow(EventDoor& door)
     add_host_field();
     add_status_bar();
     binder_ = new ControlBinder(door, FormId::Form1, *this);
-    setMinimumSize(kLeastSize);
-    resize(kFirstSize);
+    add_window_keys(*this, *hosts_, *records_);
+    fit_into(screen()->availableSize() - kFrame);
     refresh();
+}
+
+// Where the screen is smaller than the least size, the screen wins.
+void MainWindow::fit_into(const QSize& room) {
+    setMinimumSize(kLeastSize.boundedTo(room));
+    resize(kFirstSize.boundedTo(room));
 }
 
 // At the right end of the toolbar, where it stays when the window grows.
@@ -59,6 +69,8 @@ void MainWindow::add_host_field() {
     bar->addWidget(gap);
     auto* field = named(new QLineEdit, "txtSelectedHost", tr("Host whose logs are shown"));
     field->setFixedWidth(kHostFieldWidth);
+    // Whoever enters it is sent on to the host list, so Tab would not get past it.
+    field->setFocusPolicy(Qt::ClickFocus);
     bar->addWidget(field);
     auto* margin = new QWidget;
     margin->setFixedWidth(kRightMargin);
@@ -82,15 +94,21 @@ void MainWindow::refresh() {
         return;
     }
     setWindowTitle(to_qt(form.caption));
-    form.mouse_pointer == kPointerHourglass ? setCursor(Qt::WaitCursor) : unsetCursor();
+    show_pointer();
     hosts_->refresh();
     records_->refresh();
     menus_->refresh();
     binder_->refresh();
 }
 
+void MainWindow::show_pointer() {
+    const bool hourglass = door_.console().Form1.mouse_pointer == kPointerHourglass;
+    hourglass ? setCursor(Qt::WaitCursor) : unsetCursor();
+}
+
 void MainWindow::refresh_progress() {
     const MainForm& form = door_.console().Form1;
+    show_pointer();
     show_control(form.st1, *binder_->widget("st1"));
     show_control(form.pbar1, *binder_->widget("pbar1"));
 }

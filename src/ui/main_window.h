@@ -22,7 +22,7 @@ class MainWindow : public QMainWindow {
 
     /// Shows what the form holds now.
     void refresh();
-    /// Shows the status bar and the progress bar alone.
+    /// Shows the status bar, the progress bar and the mouse pointer alone.
     void refresh_progress();
 
     MainMenus& menus() { return *menus_; }
@@ -31,6 +31,8 @@ class MainWindow : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void fit_into(const QSize& room);
+    void show_pointer();
     void add_host_field();
     void add_status_bar();
 

@@ -10,6 +10,9 @@ namespace tessarine {
 void lay_out_pages(QWidget& column, QTabBar* bar, QStackedWidget* pages) {
     bar->setExpanding(false);
     bar->setDrawBase(false);
+    // On a small screen captions are shortened, so that all tabs stay in sight.
+    bar->setUsesScrollButtons(false);
+    bar->setElideMode(Qt::ElideRight);
     auto* frame = new QFrame;
     frame->setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
     auto* inside = new QVBoxLayout(frame);

@@ -20,6 +20,8 @@
 namespace tessarine {
 namespace {
 
+constexpr const char* kShownText = "shown_text";
+
 // A count that Qt's 32-bit bar can show, by permille of the maximum.
 int permille(std::int64_t value, std::int64_t maximum) {
     const double share = static_cast<double>(value) / static_cast<double>(maximum);
@@ -75,7 +77,11 @@ void show_control(const TextBox& control, QWidget& widget) {
     }
     if (auto* page = qobject_cast<QPlainTextEdit*>(&widget)) {
         const QString lines = page_text(text);
-        if (page->toPlainText() != lines) page->setPlainText(lines);
+        // The widget's own text has other line ends and blanks than what it was given.
+        if (page->property(kShownText).toString() != lines) {
+            page->setPlainText(lines);
+            page->setProperty(kShownText, lines);
+        }
         page->setReadOnly(control.locked);
     }
 }
