@@ -11,9 +11,9 @@
 #include "bench/idle_platform.h"
 #include "bench/log_lines.h"
 #include "bench/made_up_events.h"
-#include "search/line_bounds.h"
 #include "search/text_finder.h"
 #include "store/event_record.h"
+#include "store/line_bounds.h"
 #include "tables/code_matches.h"
 #include "tables/table_rows.h"
 

@@ -1,4 +1,4 @@
-#include "search/line_bounds.h"
+#include "store/line_bounds.h"
 
 #include <algorithm>
 #include <experimental/simd>
