@@ -1,11 +1,12 @@
 // Counting records by their event code.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "tables/code_map.h"
 
 namespace tessarine {
 
@@ -17,12 +18,9 @@ struct CodeCount {
     std::int64_t instances = 0;
 };
 
-/// Codes are compared as a whole without regard to case, and stand in the order in which they first
-/// came.
+/// The counts stand in the order in which their codes first came.
 class CodeTally {
   public:
-    CodeTally();
-
     void count(std::string_view code, std::string_view source, int icon);
     /// Adds 1 to every code that has come so far.
     void count_all() { ++everywhere_; }
@@ -30,19 +28,9 @@ class CodeTally {
     std::vector<CodeCount> codes() const;
 
   private:
-    struct Slot {
-        std::uint32_t hash = 0;
-        std::uint32_t code = 0;  // number of the code, from 1; 0 for a free slot
-    };
-
-    std::uint32_t hash_of(std::string_view code) const;
-    Slot& slot_of(std::string_view code, std::uint32_t hash);
-    void grow();
-
-    std::vector<CodeCount> codes_;  // instances without `everywhere_` as it was when the code came
-    std::vector<Slot> slots_;       // a power of two of them, at most half of them in use
+    CodeMap codes_;
+    std::vector<CodeCount> counts_;  // instances without `everywhere_` as it was when the code came
     std::int64_t everywhere_ = 0;
-    std::uint32_t hash_start_;  // by chance, so that no host can choose codes that share a slot
 };
 
 }  // namespace tessarine

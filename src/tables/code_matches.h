@@ -1,11 +1,11 @@
 // Looking event codes up in a list of codes.
 #pragma once
 
-#include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 #include "core/list/list_control.h"
+#include "tables/code_map.h"
 
 namespace tessarine {
 
@@ -18,12 +18,12 @@ class CodeMatches {
 
     /// How many entries of the list there are, and how many of them equal `code`.
     int entries() const { return entries_; }
-    int count(std::string_view code);
+    int count(std::string_view code) const { return counts_[codes_.find(code)]; }
 
   private:
-    std::unordered_map<std::string, int> counts_;
-    std::string folded_;  // kept from call to call, so that a look-up takes no memory
-    int entries_ = 0;
+    CodeMap codes_;
+    std::vector<int> counts_ = {0};  // by number of the code
+    int entries_;
 };
 
 }  // namespace tessarine
