@@ -6,6 +6,7 @@
 
 #include "core/code_page.h"
 #include "core/menus.h"
+#include "core/regional_text.h"
 #include "core/text.h"
 #include "fakes/rig.h"
 
@@ -90,12 +91,16 @@ std::string text_of(const MenuEntry& entry) {
     return text + "\n";
 }
 
-// Name and text of the control that is wanted; nothing when there is none.
-std::string line_of(MainForm& form, const std::string& wanted) {
-    std::string line;
-    const auto see = [&](std::string_view name, auto& control) {
-        if (name == wanted) line = wanted + ":" + text_of(control);
-    };
+std::string text_of(const Image& image) {
+    return " " + std::to_string(image.picture) + "\n";
+}
+std::string text_of(const MonthView& view) {
+    return " " + text_of_date(view.value) + "\n";
+}
+
+// Every control of Form1, the hidden ones and the menus' entries among them.
+template <class Visitor>
+void visit_all(MainForm& form, const Visitor& see) {
     form.visit(see);
     see("lblReturn", form.lblReturn);
     see("AuditStat", form.AuditStat);
@@ -104,6 +109,14 @@ std::string line_of(MainForm& form, const std::string& wanted) {
     see("List1Index", form.List1Index);
     for (const MenuTableRow& row : kMenuTable)
         if (row.entry != nullptr) see(row.name, form.*(row.entry));
+}
+
+// Name and text of the control that is wanted; nothing when there is none.
+std::string line_of(MainForm& form, const std::string& wanted) {
+    std::string line;
+    visit_all(form, [&](std::string_view name, auto& control) {
+        if (name == wanted) line = wanted + ":" + text_of(control);
+    });
     return line;
 }
 
@@ -118,6 +131,30 @@ std::string drawn(Rig& rig, std::string_view names) {
         result += line;
     }
     return result;
+}
+
+std::vector<std::string> drawn_lines(Console& console) {
+    std::vector<std::string> lines;
+    std::string form_name;
+    const auto see = [&](std::string_view name, auto& control) {
+        std::istringstream rows(text_of(control));
+        for (std::string row; std::getline(rows, row);)
+            lines.push_back(form_name + "." + std::string(name) + ":" + row);
+    };
+    const auto see_form = [&](const char* name, auto& form) {
+        form_name = name;
+        if (form.if_loaded() == nullptr) return;
+        lines.push_back(form_name + ": " + form.if_loaded()->caption);
+        form.if_loaded()->visit(see);
+    };
+    form_name = "Form1";
+    visit_all(console.Form1, see);
+    see_form("Form2", console.Form2);
+    see_form("Form4", console.Form4);
+    see_form("Form5", console.Form5);
+    see_form("Form6", console.Form6);
+    see_form("ConCheck", console.ConCheck);
+    return lines;
 }
 
 std::string drawn(const Chart& chart) {

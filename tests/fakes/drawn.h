@@ -3,10 +3,12 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tessarine {
 struct Chart;
-}
+struct Console;
+}  // namespace tessarine
 
 namespace tessarine::fakes {
 
@@ -28,6 +30,10 @@ struct Rig;
 ///     Option1: on                one of several
 ///     sysPie: bars Error=3 Information=0 Warning=12
 std::string drawn(Rig& rig, std::string_view names);
+
+/// Every control of Form1 and of the loaded dialogs in the same words, as "Form2.lblType: ...", and
+/// each row of a list in a line of its own.
+std::vector<std::string> drawn_lines(Console& console);
 
 /// A chart alone, as it stands behind its name.
 std::string drawn(const Chart& chart);
