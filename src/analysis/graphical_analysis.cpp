@@ -28,8 +28,9 @@ constexpr std::array kLogs = {
     GraphedLog{EventLog::Security, "seclog", kAuditTypes},
 };
 
-// Each further row of a large table would raise an error that is passed over, so the counter is
-// asked first. KEEP(graph-counts-stop-at-32767): a wider number would count those rows too.
+// The counter is asked first, since each further row would raise an error that is passed over.
+//
+// KEEP(graph-counts-stop-at-32767): a wider number would count those rows too.
 std::int64_t count_rows(ListControl& table, int icon) {
     Counter16 count;
     for (int row = 1; row <= table.count() && !count.full(); ++row)

@@ -125,7 +125,7 @@ void AnalysisExport(Console& console) {
 
 void ExpoXL(Console& console, ListControl& LV1, ListControl& LV2, ListControl& LV3) {
     // KEEP(list-export-asks-for-its-first-list-alone): asking for rows in the other two would
-    // refuse what is to be exported.
+    // refuse an export that is to take place.
     if (LV1.count() == 0) {
         console.Form1.st1.set_text(1, "Error. Populate the list first");
         return;

@@ -67,8 +67,8 @@ class RowLines {
 
 }  // namespace
 
-// KEEP(page-texts-go-unescaped): others read the page as it always was, and would see escaped texts
-// for what they stand for no more.
+// KEEP(page-texts-go-unescaped): escaped texts would change the page for those who read it as it
+// always was.
 void ExportToHtml(Console& console, ListControl& SelList) {
     const auto file =
         console.platform.files.open(in_application_directory(console, kPageFile), OpenFor::Writing);

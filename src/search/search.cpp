@@ -36,9 +36,8 @@ struct Pass {
 // KEEP(search-plans-security-from-application-files): counting "_security.log" for the Security
 // pass would move the bar's overflow, and so the end of the search.
 constexpr std::array kPasses = {
-    // KEEP(search-counts-a-nameless-system-log): from position 2 on, as in the other two passes,
-    // the
-    // bar's end would come a file sooner.
+    // KEEP(search-counts-a-nameless-system-log): position 2, as in the other two passes, would
+    // end the bar a file sooner.
     Pass{.log = EventLog::System,
          .box = &MainForm::Check1,
          .types = kSystemTypes,
@@ -121,8 +120,7 @@ void SearchRun::list_files() {
 }
 
 void SearchRun::run_pass(const Pass& pass) {
-    // KEEP(search-fails-without-files): an empty result would outlast a store without files, which
-    // is to end the console.
+    // KEEP(search-fails-without-files): an empty result would let the console go on.
     if (files_.empty())
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange, "Subscript out of range");
     plan(pass);
@@ -158,7 +156,7 @@ void SearchRun::search_file(const std::string& name, const Pass& pass, TableRows
 }
 
 // KEEP(search-ignores-errors-from-its-first-hit): one rule for the whole search would end the
-// console after the first hit as well, or never.
+// console also after its first hit, or not even before.
 void SearchRun::take_hit(std::string_view line, const Pass& pass, TableRows& rows) {
     const EventRecord record(line);
     errors_.ignore_from_here();

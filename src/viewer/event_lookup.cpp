@@ -8,8 +8,8 @@
 
 namespace tessarine {
 
-// KEEP(lookup-values-go-unencoded): the site takes the address as it always came, and would look
-// for an encoded source as it stands.
+// KEEP(lookup-values-go-unencoded): the site takes values as they always came, and would look for
+// encoded ones as they stand.
 void LookupEvent(Console& console, const std::string& EventCode, const std::string& EventSource) {
     std::string address = maker_address("/cgi-bin/tessarine.pl");
     address.append("?EvtSrc=").append(EventSource);

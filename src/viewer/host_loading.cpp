@@ -47,8 +47,8 @@ void ViewEventLog(Console& console, const std::string& HostName) {
     for (const EventLog log : kEventLogs) table_of(form, log).clear();
     form.st1.set_text(1, "Please wait ...");
     int selected = 1;
-    // KEEP(long-host-lists-load-one-host): a wider number would refuse several selected hosts
-    // there.
+    // KEEP(long-host-lists-load-one-host): with a wider number several selected hosts would be
+    // refused in a long list too.
     errors.run([&] { selected = selected_hosts(form.ListView1); });
     if (selected > 1) {
         form.st1.set_text(1, "");

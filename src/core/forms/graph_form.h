@@ -21,8 +21,8 @@ struct LegendEntry {
 };
 
 inline constexpr LegendEntry kErrorLegend{"Errors", kRed, kIconError};
-// KEEP(graph-draws-warnings-blue): the word and the colour of the summary's charts would leave what
-// this chart is known by.
+// KEEP(graph-draws-warnings-blue): the word and the colour of the summary's charts would not fit
+// the legend beside this one.
 inline constexpr LegendEntry kWarningLegend{"Alerts", kBlue, kIconWarning};
 inline constexpr LegendEntry kInformationLegend{"Informations", kGreen, kIconInformation};
 inline constexpr LegendEntry kFailureLegend{"Audit Failures", kRed, kIconAuditFailure};
