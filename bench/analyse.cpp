@@ -25,10 +25,10 @@ constexpr std::array kLogs = {
     AnalysedLog{"security", &MainForm::ListView4, &MainForm::SecPie},
 };
 
-std::string table_rows(ListControl& table) {
+std::string table_rows(const ListControl& table) {
     std::string rows;
     for (int position = 1; position <= table.count(); ++position) {
-        const ListControl::Row row = table.row(position);
+        const ListControl::ConstRow row = table.row(position);
         if (!rows.empty()) rows += ",\n  ";
         (rows += '[') += json_text(to_utf8(row.text())) + ", ";
         rows += std::string(row.sub_item(1)) + ", " + json_text(to_utf8(row.sub_item(2)));

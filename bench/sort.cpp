@@ -13,9 +13,9 @@ namespace tessarine::bench {
 namespace {
 
 // The column's text in a row, from 0 the row's own.
-std::string cell(ListControl& table, int row, int column) {
+std::string cell(const ListControl& table, int row, int column) {
     if (table.count() == 0) return "";
-    const ListControl::Row found = table.row(row);
+    const ListControl::ConstRow found = table.row(row);
     return to_utf8(column == 0 ? found.text() : found.sub_item(column));
 }
 

@@ -31,7 +31,7 @@ constexpr std::array kLogs = {
 // The counter is asked first, since each further row would raise an error that is passed over.
 //
 // KEEP(graph-counts-stop-at-32767): a wider number would count those rows too.
-std::int64_t count_rows(ListControl& table, int icon) {
+std::int64_t count_rows(const ListControl& table, int icon) {
     Counter16 count;
     for (int row = 1; row <= table.count() && !count.full(); ++row)
         if (table.row(row).small_icon() == icon) count.add_one();

@@ -67,7 +67,7 @@ void add_cell(Sheet& sheet, int row, int column, std::string_view text, bool bol
     sheet.cells.push_back({row, column, std::string(text), bold});
 }
 
-void add_table(Sheet& sheet, ListControl& table, const TablePlace& place) {
+void add_table(Sheet& sheet, const ListControl& table, const TablePlace& place) {
     const int columns = static_cast<int>(table.columns.size());
     for (int column = 1; column <= columns; ++column)
         add_cell(sheet, place.captions, column,
@@ -76,7 +76,7 @@ void add_table(Sheet& sheet, ListControl& table, const TablePlace& place) {
     // overflow.
     const int rows = count16(table.count());
     for (int number = 1; number <= rows; ++number) {
-        const ListControl::Row row = table.row(number);
+        const ListControl::ConstRow row = table.row(number);
         const int sheet_row = place.first_row + number - 1;
         add_cell(sheet, sheet_row, 1, row.text());
         for (int column = 2; column <= columns; ++column)
@@ -123,7 +123,8 @@ void AnalysisExport(Console& console) {
     show_workbook(console, sheets);
 }
 
-void ExpoXL(Console& console, ListControl& LV1, ListControl& LV2, ListControl& LV3) {
+void ExpoXL(Console& console, const ListControl& LV1, const ListControl& LV2,
+            const ListControl& LV3) {
     // KEEP(list-export-asks-for-its-first-list-alone): asking for rows in the other two would
     // refuse an export that is to take place.
     if (LV1.count() == 0) {
@@ -131,7 +132,7 @@ void ExpoXL(Console& console, ListControl& LV1, ListControl& LV2, ListControl& L
         return;
     }
     std::vector<Sheet> sheets;
-    const auto add_sheet = [&sheets](std::string_view name, ListControl& list) {
+    const auto add_sheet = [&sheets](std::string_view name, const ListControl& list) {
         Sheet& sheet = sheets.emplace_back();
         sheet.name = name;
         add_table(sheet, list, kListPlace);

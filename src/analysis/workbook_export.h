@@ -17,6 +17,7 @@ void AnalysisExport(Console& console);
 /// Security, in a new workbook; an empty `LV1` gets a line in the status bar instead. Nothing calls
 /// it. Raises a RuntimeError when the workbook can't be written, for a row with fewer sub-items
 /// than its list has columns for, and "Overflow" for more than 32,767 rows.
-void ExpoXL(Console& console, ListControl& LV1, ListControl& LV2, ListControl& LV3);
+void ExpoXL(Console& console, const ListControl& LV1, const ListControl& LV2,
+            const ListControl& LV3);
 
 }  // namespace tessarine

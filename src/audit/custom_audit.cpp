@@ -78,7 +78,7 @@ void audit_single_host(Console& console, const CustomAudit& audit) {
 }  // namespace
 
 void custaudit(Console& console) {
-    ListControl& list = console.Form1.ListView1;
+    const ListControl& list = console.Form1.ListView1;
     const int selected = selected_hosts(list);
     const int row = marked_host(console);
     if (row == 0) return;

@@ -13,7 +13,7 @@ inline int host_rows(const ListControl& hosts) {
 }
 
 /// How many hosts are selected, by such a walk.
-inline int selected_hosts(ListControl& hosts) {
+inline int selected_hosts(const ListControl& hosts) {
     return host_rows(hosts) == 0 ? 0 : hosts.selected_count();
 }
 

@@ -69,7 +69,7 @@ void dellogs(Console& console) {
             "Are you sure want to delete the logs of the selected hosts?",  // sic
             MessageStyle::YesNoQuestion) != MessageAnswer::Yes)
         return;
-    ListControl& list = console.Form1.ListView1;
+    const ListControl& list = console.Form1.ListView1;
     const int rows = host_rows(list);
     for (int row = 1; row <= rows; ++row) {
         console.mouse_pointer = kPointerHourglass;

@@ -52,7 +52,7 @@ void write_hosts(Console& console, const ErrorRegime& errors, const std::string&
     std::unique_ptr<File> file;
     errors.run([&] { file = console.platform.files.open(path, OpenFor::Writing); });
     if (file == nullptr) return;
-    ListControl& list = console.Form1.ListView1;
+    const ListControl& list = console.Form1.ListView1;
     int rows = 0;
     // KEEP(long-host-lists-export-nothing): a wider number would write the names to the file.
     errors.run([&] { rows = host_rows(list); });

@@ -106,7 +106,7 @@ void copy_to_field(Console& console, const CodeList& codes) {
 }
 
 void add_from_event_table(Console& console, const CodeList& codes) {
-    ListControl* table = marked_event_table(console.Form1);
+    const ListControl* table = marked_event_table(console.Form1);
     if (table == nullptr) return;
     append_code(console, codes, field(selected_row(*table), Field::Event));
     load(console, codes);
@@ -160,7 +160,7 @@ void addtoignore(Console& console) {
 // KEEP(no-highlighting-from-the-security-analysis): taking any table would add codes of the
 // Security table, where nothing is to happen.
 void addtohighlightlist3(Console& console) {
-    ListControl* table = marked_analysis_table(console.Form1);
+    const ListControl* table = marked_analysis_table(console.Form1);
     if (table == nullptr || table == &console.Form1.ListView4) return;
     append_code(console, kAlertCodes, selected_row(*table).text());
     load(console, kAlertCodes);

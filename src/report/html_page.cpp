@@ -33,7 +33,7 @@ class RowLines {
   public:
     explicit RowLines(std::string_view log) : log_(log) {}
 
-    std::string_view fields_of(const ListControl::Row& row, const char* shade) {
+    std::string_view fields_of(const ListControl::ConstRow& row, const char* shade) {
         lines_.clear();
         add({"<tr ", shade, " ><td>", field(row, Field::Type), "</td><td>",
              field(row, Field::Computer), "</td><td>", log_, "</td><td>", field(row, Field::Date),
@@ -42,7 +42,7 @@ class RowLines {
         return lines_;
     }
 
-    std::string_view message_of(const ListControl::Row& row, const char* shade) {
+    std::string_view message_of(const ListControl::ConstRow& row, const char* shade) {
         lines_.clear();
         add({"<tr ", shade, " > <td colspan=8>"});
         add_message(field(row, Field::Message));
@@ -69,7 +69,7 @@ class RowLines {
 
 // KEEP(page-texts-go-unescaped): escaped texts would change the page for those who read it as it
 // always was.
-void ExportToHtml(Console& console, ListControl& SelList) {
+void ExportToHtml(Console& console, const ListControl& SelList) {
     const auto file =
         console.platform.files.open(in_application_directory(console, kPageFile), OpenFor::Writing);
     const auto write_line = [&file](std::string line) { file->write(line.append("\r\n")); };
@@ -82,7 +82,7 @@ void ExportToHtml(Console& console, ListControl& SelList) {
     const int count = count16(SelList.count());
     RowLines rows(console.Form1.lblselectedTab.caption);
     for (int number = 1; number <= count; ++number) {
-        const ListControl::Row row = SelList.row(number);
+        const ListControl::ConstRow row = SelList.row(number);
         const char* shade = number % 2 == 1 ? "class='light' " : "class='dark' ";
         file->write(rows.fields_of(row, shade));
         file->write(rows.message_of(row, shade));
@@ -103,7 +103,7 @@ void DummyHtml(Console& console) {
 }
 
 void print_current_page(Console& console) {
-    ListControl* table = marked_event_table(console.Form1);
+    const ListControl* table = marked_event_table(console.Form1);
     if (table == nullptr) return;
     ExportToHtml(console, *table);
     console.platform.shell.open(in_application_directory(console, kPageFile));

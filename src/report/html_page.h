@@ -12,7 +12,7 @@ struct Console;
 /// can't be written, for a row with fewer than seven sub-items, of which the line of its
 /// fields stands in the page when those are there, and "Overflow" for more than 32,767
 /// rows.
-void ExportToHtml(Console& console, ListControl& SelList);
+void ExportToHtml(Console& console, const ListControl& SelList);
 
 /// Writes the page temp.html, which asks for patience, unless it is there. Nothing calls it. Raises
 /// a RuntimeError when that can't be written.

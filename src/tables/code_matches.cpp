@@ -2,7 +2,7 @@
 
 namespace tessarine {
 
-CodeMatches::CodeMatches(ListControl& list) : entries_(list.count()) {
+CodeMatches::CodeMatches(const ListControl& list) : entries_(list.count()) {
     for (int row = 1; row <= entries_; ++row) {
         const std::size_t number = codes_.number_of(list.row(row).text());
         if (number == counts_.size()) counts_.push_back(0);

@@ -14,7 +14,7 @@ namespace tessarine {
 class CodeMatches {
   public:
     /// Takes the texts of the list's rows.
-    explicit CodeMatches(ListControl& list);
+    explicit CodeMatches(const ListControl& list);
 
     /// How many entries of the list there are, and how many of them equal `code`.
     int entries() const { return entries_; }

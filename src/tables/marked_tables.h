@@ -7,7 +7,7 @@
 namespace tessarine {
 
 /// The event table under the caption that lblselectedTab holds; nothing for any other caption.
-inline ListControl* marked_event_table(MainForm& form) {
+inline const ListControl* marked_event_table(MainForm& form) {
     for (const EventLog log : kEventLogs)
         if (same_text(form.lblselectedTab.caption, tab_of(form, log).caption))
             return &table_of(form, log);
@@ -15,7 +15,7 @@ inline ListControl* marked_event_table(MainForm& form) {
 }
 
 /// The analysis table whose word lblselectedTab2 holds; nothing for any other word.
-inline ListControl* marked_analysis_table(MainForm& form) {
+inline const ListControl* marked_analysis_table(MainForm& form) {
     for (const LogFacts& facts : kLogFacts)
         if (same_text(form.lblselectedTab2.caption, facts.analysis_word))
             return &(form.*facts.analysis);
@@ -23,7 +23,7 @@ inline ListControl* marked_analysis_table(MainForm& form) {
 }
 
 /// The row that a command on `table` is about. Raises a RuntimeError when none is selected.
-inline ListControl::Row selected_row(ListControl& table) {
+inline ListControl::ConstRow selected_row(const ListControl& table) {
     return table.row(table.selected_item());
 }
 

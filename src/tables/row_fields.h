@@ -10,7 +10,7 @@ namespace tessarine {
 
 /// A field of the record that an event table's row shows. Raises "Subscript out of range" where the
 /// row is too short for it.
-inline std::string_view field(const ListControl::Row& row, Field name) {
+inline std::string_view field(const ListControl::ConstRow& row, Field name) {
     return name == Field::Type ? row.text() : row.sub_item(static_cast<int>(name));
 }
 

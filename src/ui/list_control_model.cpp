@@ -54,7 +54,7 @@ int ListControlModel::columnCount(const QModelIndex& parent) const {
 
 QVariant ListControlModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= list_.count()) return {};
-    const ListControl::Row row = list_.row(index.row() + 1);
+    const ListControl::ConstRow row = list_.row(index.row() + 1);
     const int column = index.column();
     switch (role) {
         case Qt::DisplayRole:
@@ -70,7 +70,7 @@ QVariant ListControlModel::data(const QModelIndex& index, int role) const {
     }
 }
 
-QVariant ListControlModel::text(const ListControl::Row& row, int column) const {
+QVariant ListControlModel::text(const ListControl::ConstRow& row, int column) const {
     if (column > row.sub_item_count()) return {};
     const std::string_view cell = column == 0 ? row.text() : row.sub_item(column);
     QString shown = to_qt(cell.substr(0, kShownCharacters));
@@ -79,7 +79,7 @@ QVariant ListControlModel::text(const ListControl::Row& row, int column) const {
     return shown.replace(QLatin1Char('\t'), QLatin1Char(' '));
 }
 
-QVariant ListControlModel::picture(const ListControl::Row& row, int column) const {
+QVariant ListControlModel::picture(const ListControl::ConstRow& row, int column) const {
     return list_picture(column == 0 ? row.small_icon() : row.report_icon(column));
 }
 

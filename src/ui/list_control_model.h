@@ -25,8 +25,8 @@ class ListControlModel : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
-    QVariant text(const ListControl::Row& row, int column) const;
-    QVariant picture(const ListControl::Row& row, int column) const;
+    QVariant text(const ListControl::ConstRow& row, int column) const;
+    QVariant picture(const ListControl::ConstRow& row, int column) const;
 
     ListControl& list_;
     int shown_ = 0;

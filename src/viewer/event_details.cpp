@@ -60,7 +60,7 @@ constexpr std::array kFieldLabels = {
     FieldLabel{Field::Computer, &EventDetailsForm::lblComputer},
 };
 
-void show_row(EventDetailsForm& form, ListControl& table, int position, ErrorRegime errors) {
+void show_row(EventDetailsForm& form, const ListControl& table, int position, ErrorRegime errors) {
     for (const FieldLabel& each : kFieldLabels)
         errors.run([&] { (form.*each.label).caption = field(table.row(position), each.name); });
     errors.run([&] {
@@ -111,7 +111,7 @@ std::string without_colons(std::string text) {
 }  // namespace
 
 void open_event(Console& console, EventLog log) {
-    ListControl& table = table_of(console.Form1, log);
+    const ListControl& table = table_of(console.Form1, log);
     const int position = table.selected_item();
     if (table.count() == 0 || position == 0) return;
     const Opener& opener = kOpenerOfLog[static_cast<std::size_t>(log)];

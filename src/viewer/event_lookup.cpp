@@ -20,17 +20,17 @@ void LookupEvent(Console& console, const std::string& EventCode, const std::stri
 }
 
 void mslookup(Console& console) {
-    ListControl* table = marked_event_table(console.Form1);
+    const ListControl* table = marked_event_table(console.Form1);
     if (table == nullptr) return;
-    const ListControl::Row row = selected_row(*table);
+    const ListControl::ConstRow row = selected_row(*table);
     LookupEvent(console, std::string(field(row, Field::Event)),
                 std::string(field(row, Field::Source)));
 }
 
 void lookupinquillard2(Console& console) {
-    ListControl* table = marked_analysis_table(console.Form1);
+    const ListControl* table = marked_analysis_table(console.Form1);
     if (table == nullptr) return;
-    const ListControl::Row row = selected_row(*table);
+    const ListControl::ConstRow row = selected_row(*table);
     LookupEvent(console, std::string(row.text()), std::string(row.sub_item(kSource)));
 }
 

@@ -32,7 +32,7 @@ constexpr std::array kRedisplays = {
 }  // namespace
 
 void click_type_box(Console& console, EventLog log) {
-    ListControl& hosts = console.Form1.ListView1;
+    const ListControl& hosts = console.Form1.ListView1;
     if (hosts.count() == 0) return;
     if (const int row = marked_host(console))
         ShowRecords(console, std::string(hosts.row(row).text()), std::string(facts_of(log).word));

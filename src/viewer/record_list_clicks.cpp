@@ -35,9 +35,9 @@ void click_column(Console& console, EventLog log, const InputDetails& details) {
 
 void release_on_analysis(Console& console, EventLog log, const InputDetails& details) {
     MainForm& form = console.Form1;
-    ListControl& table = analysis_of(form, log);
+    const ListControl& table = analysis_of(form, log);
     if (!has_selected_row(table)) return;
-    const ListControl::Row row = selected_row(table);
+    const ListControl::ConstRow row = selected_row(table);
     std::string text = "Event Code: ";
     text.append(row.text()).append(", Event Source: ").append(row.sub_item(kSource));
     form.lblEventDetail.caption = text;

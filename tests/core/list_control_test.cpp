@@ -22,13 +22,13 @@ void add_record(ListControl& list, const std::string& line) {
     list.add_record_row(EventRecord(line).text(), 3);
 }
 
-std::string cells(const ListControl::Row& row) {
+std::string cells(const ListControl::ConstRow& row) {
     std::string text(row.text());
     for (int i = 1; i <= row.sub_item_count(); ++i) text.append("|").append(row.sub_item(i));
     return text;
 }
 
-std::vector<std::string> texts(ListControl& list) {
+std::vector<std::string> texts(const ListControl& list) {
     std::vector<std::string> all;
     for (int row = 1; row <= list.count(); ++row) all.emplace_back(list.row(row).text());
     return all;

@@ -20,10 +20,10 @@ std::string shown(std::string_view text) {
     return to_utf8(plain);
 }
 
-std::string text_of(ListControl& list) {
+std::string text_of(const ListControl& list) {
     std::string text = "\n";
     for (int number = 1; number <= list.count(); ++number) {
-        const ListControl::Row row = list.row(number);
+        const ListControl::ConstRow row = list.row(number);
         const auto mark = [&](int column) { return row.fore_colour(column) == kRed ? "!" : ""; };
         text += "  ";
         if (list.selected_item() == number) text += '>';

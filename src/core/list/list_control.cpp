@@ -25,6 +25,10 @@ ListControl::ListControl(std::vector<ListColumn> list_columns, std::pmr::memory_
 
 ListControl::~ListControl() = default;
 
+ListControl::ConstRow ListControl::row(int position) const {
+    return {*this, number_at(position)};
+}
+
 ListControl::Row ListControl::row(int position) {
     return {*this, position, number_at(position)};
 }
@@ -92,7 +96,7 @@ void ListControl::remove_row(int position) {
     changes_.reset = true;
 }
 
-int ListControl::selected_count() {
+int ListControl::selected_count() const {
     int selected = 0;
     for (int position = 1; position <= count(); ++position)
         if (row(position).selected()) ++selected;

@@ -44,6 +44,7 @@ struct ListChanges {
 /// A row that is changed, or has other cells than a record, gets strings of its own.
 class ListControl {
   public:
+    class ConstRow;
     class Row;
 
     explicit ListControl(std::vector<ListColumn> list_columns,
@@ -53,6 +54,7 @@ class ListControl {
     ListControl& operator=(const ListControl&) = delete;
 
     int count() const { return static_cast<int>(order_.size()); }
+    ConstRow row(int position) const;
     Row row(int position);
     Row last_row();
 
@@ -73,7 +75,7 @@ class ListControl {
     SortOrder sort_order() const { return sort_order_; }
 
     /// How many rows are selected.
-    int selected_count();
+    int selected_count() const;
 
     /// The row that commands on a single row mean; 0 for none.
     int selected_item() const { return selected_item_; }
@@ -89,7 +91,6 @@ class ListControl {
     int scrolled_to = 0;  ///< row that is to be brought into view next; 0 for none
 
   private:
-    friend class Row;
     struct CompactRow;
     struct OwnRow;
 
@@ -111,8 +112,8 @@ class ListControl {
     ListChanges changes_;
 };
 
-/// One row of a list; it holds as long as the list's rows stay as they are.
-class ListControl::Row {
+/// One row of a list, to be read; it holds as long as the list's rows stay as they are.
+class ListControl::ConstRow {
   public:
     std::string_view text() const { return list_->cell(number_, 0); }
     std::string_view sub_item(int index) const;
@@ -124,6 +125,17 @@ class ListControl::Row {
     /// Column 0 is the row's own text.
     std::uint32_t fore_colour(int column) const;
 
+  private:
+    friend class ListControl;
+    ConstRow(const ListControl& list, RowOrder::RowNumber number) : list_(&list), number_(number) {}
+
+    const ListControl* list_;
+    RowOrder::RowNumber number_;
+};
+
+/// One row of a list, to be read and written.
+class ListControl::Row : public ConstRow {
+  public:
     void add_sub_item(std::string_view text);
     void set_sub_item(int index, std::string_view text);
     void set_report_icon(int sub_item, int icon);
@@ -133,7 +145,7 @@ class ListControl::Row {
   private:
     friend class ListControl;
     Row(ListControl& list, int position, RowOrder::RowNumber number)
-        : list_(&list), position_(position), number_(number) {}
+        : ConstRow(list, number), list_(&list), position_(position), number_(number) {}
 
     ListControl* list_;
     int position_;

@@ -3,34 +3,34 @@
 
 namespace tessarine {
 
-std::string_view ListControl::Row::sub_item(int index) const {
+std::string_view ListControl::ConstRow::sub_item(int index) const {
     if (index < 1 || index > sub_item_count())
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange, "Index out of bounds");
     return list_->cell(number_, index);
 }
 
-int ListControl::Row::sub_item_count() const {
+int ListControl::ConstRow::sub_item_count() const {
     const CompactRow& row = list_->rows_[number_];
     if (row.own_row == CompactRow::kNoOwnRow) return RecordText::kFields - 1;
     return static_cast<int>(list_->own_rows_[row.own_row]->cells.size()) - 1;
 }
 
-int ListControl::Row::small_icon() const {
+int ListControl::ConstRow::small_icon() const {
     return list_->rows_[number_].small_icon;
 }
 
-bool ListControl::Row::selected() const {
+bool ListControl::ConstRow::selected() const {
     return list_->rows_[number_].selected != 0;
 }
 
-int ListControl::Row::report_icon(int sub_item) const {
+int ListControl::ConstRow::report_icon(int sub_item) const {
     const CompactRow& row = list_->rows_[number_];
     if (sub_item < 1 || sub_item > sub_item_count() || row.own_row == CompactRow::kNoOwnRow)
         return 0;
     return list_->own_rows_[row.own_row]->cells[static_cast<std::size_t>(sub_item)].report_icon;
 }
 
-std::uint32_t ListControl::Row::fore_colour(int column) const {
+std::uint32_t ListControl::ConstRow::fore_colour(int column) const {
     if (column < 0 || column > sub_item_count()) return kDefaultColour;
     const CompactRow& row = list_->rows_[number_];
     if (row.own_row == CompactRow::kNoOwnRow)
