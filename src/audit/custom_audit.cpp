@@ -60,7 +60,7 @@ void walk_rows(Console& console, const CustomAudit& audit, bool selected_only) {
         if (selected_only && !list.row(row).selected()) continue;
         leave_dialog(console);
         list.row(row).set_selected(true);
-        list.scrolled_to = row;
+        list.scroll_to(row);
         show_position(console, row);
         audit_row(console, audit, row);
     }
@@ -94,14 +94,14 @@ void runcustomforallhosts(Console& console) {
 
 void activate_custom_audit(Console& console) {
     auto& form = console.Form4;
-    form->focus_wanted = "Command1";
+    form->want_focus("Command1");
     form->MonthView1.value = console.platform.clock.now().date;
     form->chkSpecificDate.value = 0;
     show_choice(console);
 }
 
 void choose_audit_date(Console& console) {
-    console.Form4->focus_wanted = "Command1";
+    console.Form4->want_focus("Command1");
     show_choice(console);
 }
 

@@ -12,11 +12,19 @@
 namespace tessarine {
 
 /// What every form has of its own.
-struct FormBase {
+class FormBase {
+  public:
     std::string caption;
     bool visible = false;
-    int mouse_pointer = 0;          ///< 0 the usual one, 11 the hourglass
-    std::string_view focus_wanted;  ///< name of the control that is to get the focus next
+    int mouse_pointer = 0;  ///< 0 the usual one, 11 the hourglass
+
+    /// Has the control of that name get the focus next. `control` must last, as a literal does.
+    void want_focus(std::string_view control) { focus_wanted_ = control; }
+    /// Hands out the control that is to get the focus; empty for none since the last call.
+    std::string_view take_focus_wish() { return std::exchange(focus_wanted_, {}); }
+
+  private:
+    std::string_view focus_wanted_;
 };
 
 /// A form that comes into being at first touch and ends when it is unloaded; the next touch makes

@@ -79,11 +79,11 @@ void dellogs(Console& console) {
 }
 
 void enter_selected_host(Console& console) {
-    console.Form1.focus_wanted = "ListView1";
+    console.Form1.want_focus("ListView1");
 }
 
 void press_on_selected_host(Console& console, const InputDetails& details) {
-    if (details.button == kRightButton) console.Form1.focus_wanted = "TxtAlert";
+    if (details.button == kRightButton) console.Form1.want_focus("TxtAlert");
 }
 
 }  // namespace tessarine

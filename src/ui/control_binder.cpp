@@ -60,9 +60,8 @@ void ControlBinder::refresh() {
         if (QWidget* shown = widget(name)) show_control(control, *shown);
     });
     FormBase* form = loaded_form(door_.console(), form_);
-    if (form == nullptr || form->focus_wanted.empty()) return;
-    if (QWidget* wanted = widget(form->focus_wanted)) wanted->setFocus(Qt::OtherFocusReason);
-    form->focus_wanted = {};
+    if (form == nullptr) return;
+    if (QWidget* wanted = widget(form->take_focus_wish())) wanted->setFocus(Qt::OtherFocusReason);
 }
 
 void ControlBinder::bind(std::string_view, const Label& control, QWidget& widget) {

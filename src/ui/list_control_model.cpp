@@ -24,14 +24,13 @@ QColor readable_red() {
 
 }  // namespace
 
-ListChanges ListControlModel::refresh() {
-    const ListChanges changes = list_.take_changes();
+void ListControlModel::refresh(const ListChanges& changes) {
     const int count = list_.count();
     if (changes.reset || count < shown_) {
         beginResetModel();
         shown_ = count;
         endResetModel();
-        return changes;
+        return;
     }
     const int last = std::min(changes.last, shown_);
     if (changes.first <= last)
@@ -41,7 +40,6 @@ ListChanges ListControlModel::refresh() {
         shown_ = count;
         endInsertRows();
     }
-    return changes;
 }
 
 int ListControlModel::rowCount(const QModelIndex& parent) const {

@@ -13,11 +13,11 @@ class ListControlModel : public QAbstractTableModel {
     Q_OBJECT
 
   public:
-    ListControlModel(ListControl& list, QObject* parent)
+    ListControlModel(const ListControl& list, QObject* parent)
         : QAbstractTableModel(parent), list_(list) {}
 
-    /// Takes over what has changed in the list; returns what that was.
-    ListChanges refresh();
+    /// Takes over what has changed in the list.
+    void refresh(const ListChanges& changes);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -28,7 +28,7 @@ class ListControlModel : public QAbstractTableModel {
     QVariant text(const ListControl::ConstRow& row, int column) const;
     QVariant picture(const ListControl::ConstRow& row, int column) const;
 
-    ListControl& list_;
+    const ListControl& list_;
     int shown_ = 0;
 };
 

@@ -57,9 +57,10 @@ void ListView::refresh() {
     horizontalHeader()->setSortIndicator(
         list_.sort_key(),
         list_.sort_order() == SortOrder::Ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
-    show_selection(model_->refresh());
-    if (list_.scrolled_to > 0) scrollTo(model_->index(list_.scrolled_to - 1, 0));
-    list_.scrolled_to = 0;
+    const ListChanges changes = list_.take_changes();
+    model_->refresh(changes);
+    show_selection(changes);
+    if (changes.scrolled_to > 0) scrollTo(model_->index(changes.scrolled_to - 1, 0));
 }
 
 void ListView::show_selection(const ListChanges& changes) {
@@ -88,8 +89,8 @@ void ListView::select_flagged_rows() {
 void ListView::write_selection(const QItemSelection& selected, const QItemSelection& deselected) {
     const auto write = [this](const QItemSelection& ranges, bool flag) {
         for (const QItemSelectionRange& range : ranges)
-            for (int row = range.top(); row <= std::min(range.bottom(), list_.count() - 1); ++row)
-                list_.row(row + 1).set_selected(flag);
+            list_.take_selection(range.top() + 1, std::min(range.bottom() + 1, list_.count()),
+                                 flag);
     };
     write(deselected, false);
     write(selected, true);

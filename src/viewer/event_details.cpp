@@ -85,7 +85,7 @@ void select(ListControl& table, int position) {
     if (table.selected_item() > 0) table.row(table.selected_item()).set_selected(false);
     table.row(position).set_selected(true);
     table.set_selected_item(position);
-    table.scrolled_to = position;
+    table.scroll_to(position);
 }
 
 void step(Console& console, int direction, bool at_edge, const char* edge_text) {

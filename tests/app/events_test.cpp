@@ -94,9 +94,9 @@ class BusyConsole {
     Lines seen() {
         Lines lines = drawn_lines(rig.console);
         lines.push_back("Form1: " + rig.console.Form1.caption);
-        const MainForm& form = rig.console.Form1;
+        MainForm& form = rig.console.Form1;
         lines.push_back("pages: " + std::to_string(form.host_tab) + std::to_string(form.main_tab));
-        lines.push_back("focus: " + std::string(form.focus_wanted));
+        lines.push_back("focus: " + std::string(form.take_focus_wish()));
         for (const ListControl* list : {&form.SystemList, &form.ApplicationList})
             lines.push_back("sorted: " + std::to_string(list->sorted() ? list->sort_key() : -1));
         lines.push_back("sorted last: " + std::to_string(form.last_sorted_column));
@@ -106,8 +106,8 @@ class BusyConsole {
             lines.push_back("graph type: " + std::to_string(static_cast<int>(graph->pie.type)));
         if (const auto* details = rig.console.Form2.if_loaded())
             lines.push_back("position: " + std::to_string(details->position));
-        if (const auto* audit = rig.console.Form4.if_loaded())
-            lines.push_back("focus in Form4: " + std::string(audit->focus_wanted));
+        if (auto* audit = rig.console.Form4.if_loaded())
+            lines.push_back("focus in Form4: " + std::string(audit->take_focus_wish()));
         lines.insert(lines.end(), notes_.begin(), notes_.end());
         for (const std::string& menu : rig.windows.menus) lines.push_back("menu: " + menu);
         for (const auto& message : rig.dialogs.messages) lines.push_back("box: " + message.text);

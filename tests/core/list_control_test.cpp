@@ -112,9 +112,12 @@ TEST(ListControl, TellsWhatHasChanged) {
     EXPECT_FALSE(changes.reset);
     EXPECT_GT(changes.first, changes.last);
     list.row(2).set_selected(true);
+    list.scroll_to(2);
     changes = list.take_changes();
     EXPECT_EQ(changes.first, 2);
     EXPECT_EQ(changes.last, 2);
+    EXPECT_EQ(changes.scrolled_to, 2);
+    EXPECT_EQ(list.take_changes().scrolled_to, 0);
     list.remove_row(1);
     EXPECT_TRUE(list.take_changes().reset);
     list.clear();

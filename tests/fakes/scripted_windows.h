@@ -14,7 +14,7 @@
 
 namespace tessarine {
 struct Console;
-struct FormBase;
+class FormBase;
 }  // namespace tessarine
 
 namespace tessarine::fakes {

@@ -58,7 +58,7 @@ TEST_F(EventDetails, ShowTheRowAndWalkThroughTheTable) {
         CmdDown(console);
         const std::string second = "1|Warnung|1/3/2004|4:04:05 AM|Tcpip|4201|u|PC1|Ready ";
         EXPECT_EQ(shown(console), second);
-        EXPECT_EQ(form.SystemList.scrolled_to, 2);
+        EXPECT_EQ(form.SystemList.take_changes().scrolled_to, 2);
         EXPECT_FALSE(form.SystemList.row(1).selected());
         CmdDown(console);
         EXPECT_EQ(shown(console), second + "End of Log");

@@ -43,7 +43,6 @@ void ListControl::clear() {
     order_.clear();
     texts_.clear();
     selected_item_ = 0;
-    scrolled_to = 0;
     changes_ = {.reset = true};
 }
 
@@ -101,6 +100,11 @@ int ListControl::selected_count() const {
     for (int position = 1; position <= count(); ++position)
         if (row(position).selected()) ++selected;
     return selected;
+}
+
+void ListControl::take_selection(int first, int last, bool selected) {
+    for (int position = first; position <= last; ++position)
+        rows_[number_at(position)].selected = selected ? 1 : 0;
 }
 
 ListChanges ListControl::take_changes() {

@@ -30,11 +30,13 @@ struct RecordText {
 
 enum class SortOrder : int { Ascending = 0, Descending = 1 };
 
-/// Which rows no view has seen yet, in positions from 1; `first` above `last` for none.
+/// What no view has seen yet: the rows changed, in positions from 1 (`first` above `last` for
+/// none), and the row that is to be brought into view (0 for none).
 struct ListChanges {
     bool reset = false;
     int first = 1;
     int last = 0;
+    int scrolled_to = 0;
 };
 
 /// Rows and sub-items are counted from 1, sub-items without the row's own text. A row or a sub-item
@@ -76,11 +78,15 @@ class ListControl {
 
     /// How many rows are selected.
     int selected_count() const;
+    /// Takes over from the view what the user has selected there: no change, as it shows already.
+    void take_selection(int first, int last, bool selected);
 
     /// The row that commands on a single row mean; 0 for none.
     int selected_item() const { return selected_item_; }
     void set_selected_item(int position) { selected_item_ = position; }
 
+    /// Has the row brought into view next.
+    void scroll_to(int position) { changes_.scrolled_to = position; }
     /// Hands out what has changed since the last call.
     ListChanges take_changes();
 
@@ -88,7 +94,6 @@ class ListControl {
     std::string tool_tip;
     int width = 0;  ///< twips
     bool grid_lines = false;
-    int scrolled_to = 0;  ///< row that is to be brought into view next; 0 for none
 
   private:
     struct CompactRow;
