@@ -1,4 +1,4 @@
-// The words behind the name of a command.
+// The words after the name of a command.
 #pragma once
 
 #include <initializer_list>

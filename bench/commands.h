@@ -1,4 +1,4 @@
-// The commands of the bench. Each takes the words behind its name, prints its result, and raises a
+// The commands of the bench. Each takes the words after its name, prints its result, and raises a
 // UsageError when it is called in another way than main.cpp tells.
 #pragma once
 

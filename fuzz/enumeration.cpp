@@ -41,7 +41,7 @@ class ScriptedHost final : public SoapChannel {
 
     std::string exchange(std::string_view soap) override {
         hold(usable_, "nothing is sent on a broken connection");
-        hold(!released_, "nothing is asked behind a Release");
+        hold(!released_, "nothing is asked after a Release");
         const RequestReader request = read(soap);
         const std::string body = next_body();
         usable_ = body != "lost";
@@ -133,8 +133,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         finished = pull_all(enumeration, items);
         const std::size_t exchanges = host.exchanges();
         hold(finished || !succeeds([&] { enumeration.pull(items); }),
-             "there is no way on behind a failure");
-        hold(host.exchanges() == exchanges, "nobody is asked behind the end");
+             "there is no way on after a failure");
+        hold(host.exchanges() == exchanges, "nobody is asked after the end");
     }
     hold(!finished || !host.released(), "what has ended is not given back");
     hold_for_records(records);

@@ -26,7 +26,7 @@ std::string host_list(const std::vector<SampleHost>& hosts) {
     return lines;
 }
 
-// Each entry has an empty line behind it, as the console writes them.
+// Each entry has an empty line after it, as the console writes them.
 std::string alert_list() {
     std::string lines;
     for (const char* code : {"4625", "7034", "1000", "6008"})

@@ -25,7 +25,7 @@ struct SampleEvent {
     Instant time_written;
 };
 
-/// Gives the next record with each call, null behind the last one. A record holds until the next
+/// Gives the next record with each call, null after the last one. A record holds until the next
 /// call.
 using EventWalk = std::function<const SampleEvent*()>;
 

@@ -11,7 +11,7 @@
 
 namespace tessarine::sample {
 
-/// The items of one answer, one behind the other.
+/// The items of one answer, one after the other.
 struct Page {
     std::string items;
     std::size_t count = 0;

@@ -40,7 +40,7 @@ std::size_t body_length(std::string_view digits) {
     return length;
 }
 
-// Fills the request from its header and returns the length of the body behind it.
+// Fills the request from its header and returns the length of the body after it.
 std::size_t parse_header(std::string_view header, HttpRequest& request) {
     std::string_view first_line = take_until(header, kLineEnd);
     request.method = take_until(first_line, " ");

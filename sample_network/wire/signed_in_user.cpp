@@ -12,7 +12,7 @@ std::string signed_in_user(gss_ctx_id_t context) {
                                       nullptr, nullptr, nullptr)) ||
         GSS_ERROR(gss_display_name(&minor, name.get(), text.address(), nullptr)))
         return "";
-    // Some count the NUL behind the name as a part of it.
+    // Some count the NUL after the name as a part of it.
     return text.text().c_str();
 }
 

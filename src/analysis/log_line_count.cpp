@@ -12,7 +12,7 @@ namespace {
 
 constexpr auto kSource = static_cast<std::size_t>(Field::Source);
 constexpr auto kEvent = static_cast<std::size_t>(Field::Event);
-// Longer than any word of a type: what stands behind makes no difference.
+// Longer than any word of a type: what comes after it makes no difference.
 constexpr std::size_t kLongestWord = 24;
 constexpr std::size_t kMostSeen = 16;
 

@@ -24,7 +24,7 @@ class ErrorRegime {
     }
 
     /// Whether a test passes. One that fails counts as passed, since execution goes on with the
-    /// statement behind it, which is the first of its body.
+    /// statement after it, which is the first of its body.
     template <class Test>
     bool passes(Test&& test) const {
         try {

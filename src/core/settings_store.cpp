@@ -79,8 +79,8 @@ void load_schedule_time(Console& console) {
     if (at != kNotFound) {
         const std::size_t colon = at.find(':');
         form->txtHour.text = at.substr(0, colon);
-        const std::string behind = colon == std::string::npos ? "" : at.substr(colon + 1);
-        form->txtMin.text = behind.substr(0, behind.find(':'));
+        const std::string minute = colon == std::string::npos ? "" : at.substr(colon + 1);
+        form->txtMin.text = minute.substr(0, minute.find(':'));
         form->UpDown1.value = number_of(form->txtHour.text);
         form->UpDown3.value = number_of(form->txtMin.text);
     }

@@ -9,7 +9,7 @@ namespace tessarine {
 /// Whether two texts are equal as a whole, without regard to case.
 bool same_text(std::string_view left, std::string_view right);
 
-/// Negative, zero or positive as `left` stands before, with or behind `right`, without regard to
+/// Negative, zero or positive as `left` stands before, with or after `right`, without regard to
 /// case, character by character.
 int compare_text(std::string_view left, std::string_view right);
 

@@ -10,7 +10,7 @@ namespace tessarine {
 struct Console;
 
 /// Lets the user choose a file; empty when he cancels. `filters` are captions and patterns in turn,
-/// separated by ";" or "|"; "All Files (*.*)" is always added behind them.
+/// separated by ";" or "|"; "All Files (*.*)" is always added after them.
 std::string BrowseForFile(Console& console, FilePurpose purpose, const std::string& start_folder,
                           const std::string& filters, const std::string& title);
 

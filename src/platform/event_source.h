@@ -34,7 +34,7 @@ class EventResult {
     /// Goes to the front of the first record. A new result stands there already.
     virtual void start_over() = 0;
 
-    /// Fills `event` with the next record; false behind the last one.
+    /// Fills `event` with the next record; false after the last one.
     virtual bool next(EventProperties& event) = 0;
 };
 

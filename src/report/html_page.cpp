@@ -77,7 +77,7 @@ void ExportToHtml(Console& console, const ListControl& SelList) {
     write_line("<h3>Tessarine - Exported at " +
                console.regional.date_time(console.platform.clock.now()) + "</h3><br>");
     write_line(console.Form1.txtHtmlStyle.text);
-    // KEEP(long-pages-fail-behind-their-head): a wider number would write a page that is to end in
+    // KEEP(long-pages-fail-after-their-head): a wider number would write a page that is to end in
     // an overflow.
     const int count = count16(SelList.count());
     RowLines rows(console.Form1.lblselectedTab.caption);

@@ -71,7 +71,7 @@ std::size_t TextFinder::find(std::string_view bytes, std::size_t from) const {
         return (load(place + first_.offset) | mask1) == key1 &&
                (load(place + second_.offset) | mask2) == key2;
     };
-    const char* const end = bytes.data() + bytes.size() - text_.size() + 1;  // behind all places
+    const char* const end = bytes.data() + bytes.size() - text_.size() + 1;  // after all places
     const char* place = bytes.data() + from;
     const auto remaining = [&] { return static_cast<std::size_t>(end - place); };
     for (; remaining() >= kWidth; place += kWidth) {

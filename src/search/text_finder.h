@@ -16,7 +16,7 @@ class TextFinder {
 
     explicit TextFinder(std::string_view text);
 
-    /// Where the text begins first in `bytes` at or behind `from`.
+    /// Where the text begins first in `bytes` at or after `from`.
     std::size_t find(std::string_view bytes, std::size_t from) const;
 
   private:

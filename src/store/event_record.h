@@ -16,7 +16,7 @@ class RegionalText;
 /// Indices of a record's fields.
 enum class Field : int { Type, Date, Time, Source, Event, User, Computer, Message };
 
-/// A line split at every "|". Fields behind the eighth are never used; the last used one ends at
+/// A line split at every "|". Fields after the eighth are never used; the last used one ends at
 /// the next "|" all the same.
 class EventRecord {
   public:

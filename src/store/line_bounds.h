@@ -11,10 +11,10 @@ constexpr bool is_line_end(char character) {
     return character == '\n' || character == '\r';
 }
 
-/// Where the line begins that the position `at` lies in: behind the last line end before it.
+/// Where the line begins that the position `at` lies in: after the last line end before it.
 std::size_t line_begin(std::string_view bytes, std::size_t at);
 
-/// Where it ends: at the first line end at or behind `at`, or with the bytes.
+/// Where it ends: at the first line end at or after `at`, or with the bytes.
 std::size_t line_end(std::string_view bytes, std::size_t at);
 
 }  // namespace tessarine

@@ -21,7 +21,7 @@ std::string data_folder(std::string_view log_path);
 std::string logs_folder(std::string_view log_path);
 std::string archive_parent_folder(std::string_view log_path);
 
-/// Whether files can be named after `host`. A name that holds a separator behind its first letter
+/// Whether files can be named after `host`. A name that holds a separator after its first letter
 /// or a control character, one of more than 200 characters, "." and ".." name none.
 bool can_name_files(std::string_view host);
 

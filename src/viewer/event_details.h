@@ -12,11 +12,11 @@ struct Console;
 /// the application table runtime errors are ignored.
 void open_event(Console& console, EventLog log);
 
-/// The form comes up. Raises "Overflow" for a row behind the 32,767th.
+/// The form comes up. Raises "Overflow" for a row after the 32,767th.
 void activate_event_details(Console& console);
 
 /// Go to the row above or below, which is selected in the table. Raise a RuntimeError for a row
-/// with too few fields, and for a position behind the 32,767th.
+/// with too few fields, and for a position after the 32,767th.
 void CmdUp(Console& console);
 void CmdDown(Console& console);
 

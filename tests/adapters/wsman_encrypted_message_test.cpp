@@ -94,7 +94,7 @@ TEST(EncryptedMessage, IsRefusedWhenMalformed) {
               "The encrypted message is malformed: its seal is longer than its sealed part");
     EXPECT_EQ(failure_of(body_with("5", "\4" + kEnd)),
               "The encrypted message is malformed: its sealed part is cut off");
-    // Whatever is missing at the end: a failure in words, and no byte read behind it.
+    // Whatever is missing at the end: a failure in words, and no byte read after it.
     for (std::size_t length = 0; length + 4 < good.size(); ++length)
         EXPECT_THROW(decrypted(good.substr(0, length)), RuntimeError) << length;
 }

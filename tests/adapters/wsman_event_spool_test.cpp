@@ -26,7 +26,7 @@ TEST(EventSpool, GivesItsRecordsAgainAndAgain) {
     EventSpool spool("", kPlenty);
     EventProperties event;
     EXPECT_FALSE(spool.next(event));
-    // Records that end within a block of the file, on its edge, and far behind it.
+    // Records that end within a block of the file, on its edge, and far after it.
     for (int i = 0; i < 300; ++i) {
         const std::string message(static_cast<std::size_t>(i * i * 7), static_cast<char>(i));
         spool.append(record_of(message, i % 2 == 0 ? EventProperties::Property("") : std::nullopt));

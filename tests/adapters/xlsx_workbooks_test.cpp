@@ -154,7 +154,7 @@ TEST_F(XlsxWorkbooksTest, WhatCannotBeWrittenIsToldAndLeavesNoFile) {
     EXPECT_EQ(error_of({{.name = "One", .picture = "no picture"}}),
               head + "Couldn't read image dimensions or DPI.");
     Sheet too_long{.name = "Long"};
-    too_long.cells.push_back({1'048'577, 1, "behind the last row"});
+    too_long.cells.push_back({1'048'577, 1, "after the last row"});
     EXPECT_EQ(error_of({too_long}), head + "Worksheet row or column index out of range.");
     EXPECT_EQ(files(), 0);
 }

@@ -23,7 +23,7 @@ class GraphicalAnalysis : public testing::Test {
     static void fill(ListControl& table, int icon, int rows) {
         for (int i = 0; i < rows; ++i) table.add_row("row", icon);
     }
-    // The chart as words, behind the count of a log.
+    // The chart as words, after the count of a log.
     std::string graph(std::string_view log) {
         rig.run([log](Console& console) { LogAnalyze(console, log); });
         return graph();

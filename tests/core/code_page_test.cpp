@@ -68,7 +68,7 @@ TEST(Text, ComparesWithoutRegardToCase) {
     EXPECT_LT(compare_text("pc", "PC1"), 0);
     EXPECT_GT(compare_text("b", "A"), 0);
     EXPECT_EQ(compare_text("PC1", "pc1"), 0);
-    EXPECT_GT(compare_text("\xE4", "z"), 0) << "letters above 127 come behind the others";
+    EXPECT_GT(compare_text("\xE4", "z"), 0) << "letters above 127 come after the others";
 }
 
 TEST(Text, ReplacesEveryOccurrence) {

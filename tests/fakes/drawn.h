@@ -35,7 +35,7 @@ std::string drawn(Rig& rig, std::string_view names);
 /// each row of a list in a line of its own.
 std::vector<std::string> drawn_lines(Console& console);
 
-/// A chart alone, as it stands behind its name.
+/// A chart alone, as it stands after its name.
 std::string drawn(const Chart& chart);
 
 }  // namespace tessarine::fakes

@@ -18,7 +18,7 @@ namespace tessarine::fakes {
 enum class FileStep { Open, Read, Write, Flush, Close, CreateFolder, Copy, Remove, List };
 
 /// "\" and "/" both separate, a run of them separates once; names differ by case. A new file is
-/// listed behind the older ones of its folder.
+/// listed after the older ones of its folder.
 class MemoryFiles final : public Files, public DirectoryListing {
   public:
     bool file_exists(const std::string& path) override;

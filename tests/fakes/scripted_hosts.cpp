@@ -50,7 +50,7 @@ class ScriptedResult final : public EventResult {
     std::unique_ptr<HostEvent> current_;
     std::size_t position_ = 0;
     int pass_ = 0;
-    std::string failure_;  // There is no way on behind it.
+    std::string failure_;  // There is no way on after it.
 };
 
 class ScriptedService final : public EventService {

@@ -35,14 +35,14 @@ TEST(HtmlPage, ShowsTheTableByteForByte) {
              "Error|d|t|<b>Source~</b>|1&2|\"u~\"|'c'|</table><script>alert(1)</script>&nbsp;",
              "Error|d|t|s|4625 |u|c|m with 'quotes' and \"more\"",
              "Error|d|t|s| 4625|u|c|\ttab\x01 and \x7F",
-             "Error|d|t|s|1|u|c|a | bar and what is behind it",
+             "Error|d|t|s|1|u|c|a | bar and what is after it",
              "Error|d|t|s|1|u|c|a 100 % ${x} \\ %s",
          })
         add(table, line);
     add(table, "Error|d|t|s|1|u|c|" + std::string(300, 'm') + "~" + std::string(300, 'M'));
-    // A row that grew behind its columns.
+    // A row that grew after its columns.
     add(table, "Error|d|t|s|1|u|c|grown");
-    table.last_row().add_sub_item("behind the columns");
+    table.last_row().add_sub_item("after the columns");
     rig.console.Form1.lblselectedTab.caption = " System Log  ";
     rig.run(print_current_page);
     EXPECT_EQ(rig.files.bytes(kPage), golden("page.html"));
@@ -66,7 +66,7 @@ TEST(HtmlPage, IsOfTheTableOnTop) {
     EXPECT_EQ(page.find("of the system"), std::string::npos);
 }
 
-// KEEP(long-pages-fail-behind-their-head)
+// KEEP(long-pages-fail-after-their-head)
 TEST(HtmlPage, OfMoreThan32767RowsHasItsHeadAlone) {
     Rig rig;
     ListControl& table = rig.console.Form1.SystemList;

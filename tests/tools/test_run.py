@@ -11,7 +11,7 @@ import tempfile
 import unittest
 
 TOP = pathlib.Path(__file__).resolve().parents[2]
-# They run what stands behind their options.
+# They run what stands after their options.
 NETWORK = 'while [ "$1" != -- ]; do shift; done; shift; exec "$@"'
 SCREEN = 'while [ "$1" != -s ]; do shift; done; shift 2; exec "$@"'
 

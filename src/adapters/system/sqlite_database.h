@@ -49,7 +49,7 @@ class SqliteDatabase::Statement {
     void bind_bytes(int parameter, std::string_view bytes);
     void bind_number(int parameter, int number);
 
-    /// Goes to the next row; false behind the last one.
+    /// Goes to the next row; false after the last one.
     bool step();
     std::string bytes(int column);
     int number(int column);

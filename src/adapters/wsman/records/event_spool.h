@@ -17,11 +17,11 @@ class EventSpool {
     /// is free in the folder now.
     EventSpool(const std::string& folder, std::uint64_t most_bytes);
 
-    /// Adds records, as append_event makes them, behind the last. Raises a RuntimeError when they
+    /// Adds records, as append_event makes them, after the last. Raises a RuntimeError when they
     /// are too many or the disk is full.
     void append(std::string_view records);
 
-    /// The next record from the reading position; false behind the last one that was added so far.
+    /// The next record from the reading position; false after the last one that was added so far.
     /// The views in `event` hold until the next call.
     bool next(EventProperties& event);
 
@@ -33,7 +33,7 @@ class EventSpool {
     std::uint64_t most_bytes_;
     std::string buffer_;
     std::string_view unread_;   // The end of buffer_.
-    std::uint64_t offset_ = 0;  // Where the file goes on behind buffer_.
+    std::uint64_t offset_ = 0;  // Where the file goes on after buffer_.
 };
 
 }  // namespace tessarine

@@ -24,7 +24,7 @@ class TemporaryFile {
     /// Raises a RuntimeError when not all of `bytes` can be written, such as on a full disk.
     void append(std::string_view bytes);
 
-    /// Up to `count` bytes from `offset` on, appended to `target`; none behind the end.
+    /// Up to `count` bytes from `offset` on, appended to `target`; none after the end.
     void read(std::uint64_t offset, std::size_t count, std::string& target) const;
 
   private:

@@ -13,7 +13,7 @@
 namespace tessarine {
 namespace {
 
-// NTLM's signature; the sealed data behind it is as long as the plain text.
+// NTLM's signature; the sealed data after it is as long as the plain text.
 constexpr std::size_t kSignatureLength = 16;
 
 void require_success(const std::string& what, OM_uint32 major, OM_uint32 minor) {

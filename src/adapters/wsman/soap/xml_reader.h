@@ -15,7 +15,7 @@ struct XmlName {
 /// The attributes of one element; valid during the call that hands them out.
 class XmlAttributes {
   public:
-    /// Names and values by turns, with a null pointer behind the last, as expat gives them.
+    /// Names and values by turns, with a null pointer after the last, as expat gives them.
     explicit XmlAttributes(const char* const* pairs) : pairs_(pairs) {}
     std::optional<std::string_view> value(XmlName name) const;
 
