@@ -13,6 +13,7 @@
 #include "chrome/view_menu.h"
 #include "core/console_state.h"
 #include "core/event_log.h"
+#include "core/run_event.h"
 #include "core/tabs.h"
 #include "hosts/add_host_dialog.h"
 #include "hosts/host_list.h"
@@ -71,8 +72,7 @@ using enum FormId;
 constexpr std::array kEvents = {
     // The main window and its menus.
     ControlEvent{Form1, "Form1", Activate, plain<activate_main_form>},
-    ControlEvent{Form1, "Form1", CloseBox, plain<end_console>},
-    ControlEvent{Form1, "exit", Click, plain<end_console>},
+    ControlEvent{Form1, "exit", Click, plain<end_after_event>},
     ControlEvent{Form1, "loadfrmlist", Click, plain<loadfrmlist>},
     ControlEvent{Form1, "loadpreaudited", Click, plain<LoadPreAuditedHosts>},
     ControlEvent{Form1, "addhostmanually", Click, plain<show_add_host>},

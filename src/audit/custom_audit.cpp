@@ -38,7 +38,7 @@ void audit_row(Console& console, const CustomAudit& audit, int row) {
     MainForm& form = console.Form1;
     const std::string host(form.ListView1.row(row).text());
     test_host(console, host);
-    if (form.lblReturn.caption != "hostok") return;
+    if (console.end_wanted || form.lblReturn.caption != "hostok") return;
     AuditHost(console, host, audit.kind, audit.logs);
     mark_result(form.ListView1, row, form.AuditStat.text == "error");
 }
@@ -56,7 +56,7 @@ void leave_dialog(Console& console) {
 void walk_rows(Console& console, const CustomAudit& audit, bool selected_only) {
     ListControl& list = console.Form1.ListView1;
     const int rows = host_rows(list);
-    for (int row = 1; row <= rows; ++row) {
+    for (int row = 1; row <= rows && !console.end_wanted; ++row) {
         if (selected_only && !list.row(row).selected()) continue;
         leave_dialog(console);
         list.row(row).set_selected(true);

@@ -18,6 +18,7 @@ void audit_row(Console& console, int row) {
     MainForm& form = console.Form1;
     const std::string host = replace_text(form.ListView1.row(row).text(), "\\\\", "");
     test_host(console, host);
+    if (console.end_wanted) return;
     if (same_text(form.lblReturn.caption, "hostok"))
         AuditHost(console, host, "full", {});
     else
@@ -28,7 +29,7 @@ void audit_row(Console& console, int row) {
 void walk_hosts(Console& console, Scope scope) {
     ListControl& list = console.Form1.ListView1;
     const int rows = host_rows(list);
-    for (int row = 1; row <= rows; ++row)
+    for (int row = 1; row <= rows && !console.end_wanted; ++row)
         if (scope == Scope::AllHosts || list.row(row).selected()) audit_row(console, row);
 }
 

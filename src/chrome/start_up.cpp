@@ -51,6 +51,8 @@ void start_up(Console& console) {
 }
 
 void activate_main_form(Console& console) {
+    console.pending_request = {.text = "Patience Is Gold.. Please Wait For A Moment...",
+                               .after = 1000};
     console.Form1.caption = "Tessarine " + version();
     // From here on AboutForm is loaded, hidden until it is asked for.
     console.AboutForm->Text1.text =

@@ -60,6 +60,12 @@ struct Platform {
     std::pmr::memory_resource* secret_memory = std::pmr::get_default_resource();
 };
 
+/// What a click is told while a request to a host has had no answer for so long.
+struct PendingRequestMessage {
+    std::string text;
+    int after = 0;  ///< milliseconds
+};
+
 struct Console {
     explicit Console(const Platform& its_platform, RegionalText regional_forms = RegionalText());
     Console(const Console&) = delete;
@@ -79,6 +85,9 @@ struct Console {
 
     int mouse_pointer = kPointerDefault;  ///< of the whole screen
     bool started = false;                 ///< set once, when Form1 is first loaded
+    PendingRequestMessage pending_request;
+    int events_running = 0;   ///< one within the other
+    bool end_wanted = false;  ///< the program ends after the running event
 };
 
 /// Unloads every loaded form and ends the program, as the menu entry `exit` does.

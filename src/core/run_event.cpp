@@ -22,6 +22,7 @@ void end_with_message(Console& console, const std::string& text) {
 }  // namespace
 
 void run_event(Console& console, const std::function<void(Console&)>& routine) noexcept {
+    ++console.events_running;
     try {
         routine(console);
     } catch (const RuntimeError& error) {
@@ -35,7 +36,18 @@ void run_event(Console& console, const std::function<void(Console&)>& routine) n
             console,
             std::string("Tessarine has made a mistake and must end:\r\n\r\n") + error.what());
     }
+    --console.events_running;
+    if (console.end_wanted && console.events_running == 0) end_console(console);
     console.platform.form_windows.event_ended();
+}
+
+void end_after_event(Console& console) {
+    if (console.events_running == 0) {
+        run_event(console, end_console);
+        return;
+    }
+    console.end_wanted = true;
+    console.Form1.st1.set_text(5, "Closing when done ...");
 }
 
 }  // namespace tessarine

@@ -23,6 +23,8 @@ QLabel* new_text(const char* name) {
 
 ConnectionCheckDialog::ConnectionCheckDialog(EventDoor& door, QWidget* parent)
     : FormDialog(door, FormId::ConCheck, parent) {
+    // The gate keeps the user from the other windows.
+    setWindowModality(Qt::NonModal);
     // No close box: the wait always takes its time.
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     auto* picture = new QLabel;

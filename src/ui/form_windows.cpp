@@ -23,7 +23,7 @@ QtFormWindows::~QtFormWindows() {
 void QtFormWindows::open(Console& console, std::span<const ControlEvent> events) {
     door_ = std::make_unique<EventDoor>(console, events);
     main_window_ = std::make_unique<MainWindow>(*door_);
-    repainter_ = std::make_unique<Repainter>(*door_, [this] { show_progress(); });
+    repainter_ = std::make_unique<Repainter>(*door_, gate_, [this] { show_progress(); });
     console.Form1.st1.set_repaint_hook(repainter_.get());
     console.Form1.pbar1.set_repaint_hook(repainter_.get());
 }
@@ -77,6 +77,12 @@ void QtFormWindows::let_events_pass() {
     QCoreApplication::processEvents();
 }
 
+void QtFormWindows::event_ended() {
+    if (door_ == nullptr) return;
+    gate_.event_ended(door_->console().events_running);
+    refresh();
+}
+
 void QtFormWindows::pop_up_menu(std::string_view menu) {
     if (door_ == nullptr) return;
     refresh();
@@ -120,6 +126,8 @@ void QtFormWindows::show_modal(FormId form) {
     if (state == nullptr || !door_->console().Form1.loaded) return;
     const std::unique_ptr<FormDialog> dialog = new_dialog(form);
     if (dialog == nullptr) return;
+    // From the first host's check on, until the audit has ended.
+    if (form == FormId::ConCheck) gate_.shut_for_event(door_->console().events_running);
     state->visible = true;
     dialogs_.push_back(dialog.get());
     refresh();

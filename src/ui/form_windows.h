@@ -9,6 +9,7 @@
 #include "core/control_events.h"
 #include "platform/form_windows.h"
 #include "ui/event_door.h"
+#include "ui/input_gate.h"
 #include "ui/main_window.h"
 #include "ui/repainter.h"
 
@@ -38,7 +39,7 @@ class QtFormWindows : public FormWindows {
 
     void let_events_pass() override;
     void show_modal(FormId form) override;
-    void event_ended() override { refresh(); }
+    void event_ended() override;
     void pop_up_menu(std::string_view menu) override;
 
   private:
@@ -48,6 +49,7 @@ class QtFormWindows : public FormWindows {
     void show_progress();
     void show_pointer();
 
+    InputGate gate_;
     std::unique_ptr<EventDoor> door_;
     std::unique_ptr<MainWindow> main_window_;
     std::unique_ptr<Repainter> repainter_;

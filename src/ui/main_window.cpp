@@ -113,14 +113,11 @@ void MainWindow::refresh_progress() {
     show_control(form.pbar1, *binder_->widget("pbar1"));
 }
 
-// The close box ends the program as the menu entry does.
+// The close box ends the program as the menu entry does, and is heard also while a routine keeps
+// all else back.
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (door_.held()) return;
-    if (door_.leads_on(FormId::Form1, "Form1", EventKind::CloseBox))
-        door_.raise(FormId::Form1, "Form1", EventKind::CloseBox);
-    else
-        run_event(door_.console(), end_console);
+    end_after_event(door_.console());
 }
 
 }  // namespace tessarine

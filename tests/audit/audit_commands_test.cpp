@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <tuple>
 
 #include "app/events.h"
 #include "audit/connection_check.h"
@@ -166,6 +168,44 @@ TEST_F(AuditCommands, TheCustomDialogReadsTheChoiceBack) {
     EXPECT_EQ(rig.dialogs.messages[0].text, "select atleast one log to audit");
     EXPECT_EQ(rig.network.connects, 0);
 }
+
+using Command = void (*)(Console&);
+enum class ClosedIn { Reading, Check };
+
+class ClosedAudit : public AuditCommands,
+                    public testing::WithParamInterface<std::tuple<Command, ClosedIn>> {};
+
+// The host that is being read is read to its end, one that is being tested isn't read at all.
+TEST_P(ClosedAudit, BeginsNoFurtherHostAndEndsTheProgram) {
+    const auto [command, closed_in] = GetParam();
+    Rig::select(rig.console.Form1.ListView1, {1, 2, 3});
+    on_custom_audit();
+    auto& first = rig.network.hosts["PC1"];
+    first.records = {{}, {}};
+    if (closed_in == ClosedIn::Reading)
+        first.before_record = [&](int, int) { end_after_event(rig.console); };
+    else
+        rig.windows.when_shown(FormId::ConCheck, [](Console& console) {
+            if (console.ConCheck->lblHostName.caption == "PC2") end_after_event(console);
+        });
+    rig.run(command);
+    std::string results;
+    for (int row = 1; row <= 3; ++row)
+        results += std::to_string(rig.console.Form1.ListView1.row(row).report_icon(1));
+    EXPECT_EQ(results, "700");
+    EXPECT_EQ(rig.probe.attempts.size(), closed_in == ClosedIn::Reading ? 1U : 2U);
+    EXPECT_EQ(rig.network.connects, 1);
+    const std::string written = rig.files.bytes("/app/Data/PC1_system.log");
+    EXPECT_EQ(std::count(written.begin(), written.end(), '\n'), 2);
+    EXPECT_EQ(rig.console.Form1.st1.text(5), "Closing when done ...");
+    EXPECT_TRUE(rig.program.ended);
+    EXPECT_FALSE(rig.console.Form4.loaded());
+}
+
+INSTANTIATE_TEST_SUITE_P(Commands, ClosedAudit,
+                         testing::Combine(testing::Values(fullaudit, runFullauditAllhost, custaudit,
+                                                          runcustomforallhosts),
+                                          testing::Values(ClosedIn::Reading, ClosedIn::Check)));
 
 }  // namespace
 }  // namespace tessarine

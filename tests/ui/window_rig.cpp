@@ -2,6 +2,7 @@
 
 #include <QTableView>
 #include <QTest>
+#include <algorithm>
 #include <memory>
 
 #include "chrome/start_up.h"
@@ -13,9 +14,11 @@ constexpr int kMillisecondsBetween = 10;
 constexpr int kTries = 500;
 
 QWidget* open_window(const QString& name) {
-    QWidget* popup = QApplication::activePopupWidget();
-    QWidget* on_top = popup != nullptr ? popup : QApplication::activeModalWidget();
-    return on_top != nullptr && on_top->objectName() == name ? on_top : nullptr;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::find_if(windows.begin(), windows.end(), [&](const QWidget* window) {
+        return window->isVisible() && window->objectName() == name;
+    });
+    return found == windows.end() ? nullptr : *found;
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <algorithm>
 
 #include "tour/failure.h"
 
@@ -17,6 +18,17 @@ constexpr int kLongestWait = 60'000;
 template <class Kind>
 bool is_a(const QWidget& window) {
     return qobject_cast<const Kind*>(&window) != nullptr;
+}
+
+// A dialog need not be modal.
+QWidget* window_on_top() {
+    if (QWidget* popup = QApplication::activePopupWidget()) return popup;
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto dialog = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->isVisible() && is_a<QDialog>(*window);
+    });
+    return dialog == windows.end() ? nullptr : *dialog;
 }
 
 }  // namespace
@@ -46,8 +58,7 @@ void Watch::expect_message(Act act) {
 
 void Watch::poll() {
     if (look_) look_();
-    QWidget* popup = QApplication::activePopupWidget();
-    QWidget* on_top = popup != nullptr ? popup : QApplication::activeModalWidget();
+    QWidget* on_top = window_on_top();
     const bool is_expected =
         on_top != nullptr && !expected_.empty() && expected_.front().is(*on_top);
     if (const auto* box = qobject_cast<QMessageBox*>(on_top);
