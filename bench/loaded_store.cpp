@@ -100,7 +100,6 @@ std::string choose_host(Console& console, const Arguments& arguments) {
     choose_store(console, arguments);
     const std::string host = from_utf8(arguments.plain()[1]);
     console.Form1.ListView1.add_row(host, 0).set_selected(true);
-    console.Form1.ListView1.set_selected_item(1);
     return host;
 }
 

@@ -22,7 +22,7 @@ inline const ListControl* marked_analysis_table(MainForm& form) {
     return nullptr;
 }
 
-/// The row that a command on `table` is about. Raises a RuntimeError when none is selected.
+/// The row that a command on `table` is about. Raises a RuntimeError when there are no rows.
 inline ListControl::ConstRow selected_row(const ListControl& table) {
     return table.row(table.selected_item());
 }

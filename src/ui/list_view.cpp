@@ -69,7 +69,10 @@ void ListView::show_selection(const ListChanges& changes) {
         const auto command = selectionMode() == SingleSelection
                                  ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
                                  : QItemSelectionModel::NoUpdate;
+        // Only what the user does, or the list asks for, scrolls.
+        setAutoScroll(false);
         selectionModel()->setCurrentIndex(row, command);
+        setAutoScroll(true);
     }
     const bool rows_changed = changes.reset || changes.first <= changes.last;
     if (rows_changed && selectionMode() == ExtendedSelection) select_flagged_rows();
@@ -136,7 +139,9 @@ void ListView::keyPressEvent(QKeyEvent* event) {
     }
     const int before = currentIndex().row();
     QTableView::keyPressEvent(event);
-    if (currentIndex().row() == before) return;
+    // Space picks the row that is selected already, as a click on it does.
+    if (!currentIndex().isValid()) return;
+    if (currentIndex().row() == before && event->key() != Qt::Key_Space) return;
     emit row_picked();
     emit button_released(number_of(Qt::LeftButton), place_of_current_row());
 }

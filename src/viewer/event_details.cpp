@@ -82,7 +82,7 @@ std::int16_t position_number(int position) {
 
 // Makes `position` the one selected row, and brings it into view.
 void select(ListControl& table, int position) {
-    if (table.selected_item() > 0) table.row(table.selected_item()).set_selected(false);
+    table.row(table.selected_item()).set_selected(false);
     table.row(position).set_selected(true);
     table.set_selected_item(position);
     table.scroll_to(position);
@@ -113,7 +113,7 @@ std::string without_colons(std::string text) {
 void open_event(Console& console, EventLog log) {
     const ListControl& table = table_of(console.Form1, log);
     const int position = table.selected_item();
-    if (table.count() == 0 || position == 0) return;
+    if (table.count() == 0) return;
     const Opener& opener = kOpenerOfLog[static_cast<std::size_t>(log)];
     ErrorRegime errors;
     if (opener.ignores_errors) errors.ignore_from_here();

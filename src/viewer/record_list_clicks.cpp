@@ -12,14 +12,10 @@ namespace {
 
 constexpr int kRightButton = 2;
 
-bool has_selected_row(const ListControl& table) {
-    return table.count() > 0 && table.selected_item() > 0;
-}
-
 }  // namespace
 
 void release_on_events(Console& console, EventLog log, const InputDetails& details) {
-    if (details.button == kRightButton && has_selected_row(table_of(console.Form1, log)))
+    if (details.button == kRightButton && table_of(console.Form1, log).count() > 0)
         console.platform.form_windows.pop_up_menu("popmeup2");
 }
 
@@ -36,7 +32,7 @@ void click_column(Console& console, EventLog log, const InputDetails& details) {
 void release_on_analysis(Console& console, EventLog log, const InputDetails& details) {
     MainForm& form = console.Form1;
     const ListControl& table = analysis_of(form, log);
-    if (!has_selected_row(table)) return;
+    if (table.count() == 0) return;
     const ListControl::ConstRow row = selected_row(table);
     std::string text = "Event Code: ";
     text.append(row.text()).append(", Event Source: ").append(row.sub_item(kSource));

@@ -36,20 +36,22 @@ std::vector<std::string> texts(const ListControl& list) {
 
 TEST(ListControl, KeepsRecordsWhateverTheirLength) {
     ListControl list = event_table();
-    const std::string lines[] = {
-        "a|b|c|d|e|f|g|h",
-        "|||||||",
+    std::vector<std::string> lines = {
+        "a|b|c|d|e|f|g|h", "|||||||",
         "a|b|c|d|e|f|g|" + std::string(100'000, 'm'),               // a long message
-        std::string(70'000, 't') + "|b|c|d|e|f|g|h",                // no compact row
         "a|b|c|d|e|f|g|" + std::string(std::size_t{9} << 20, 'm'),  // beyond any block
-        "z|b|c|d|e|f|g|h",
     };
+    // No compact rows, whichever field is long.
+    for (std::size_t field = 0; field < 7; ++field)
+        lines.push_back(std::string("a|b|c|d|e|f|g|h").insert(2 * field, 70'000, 'x'));
+    lines.emplace_back("z|b|c|d|e|f|g|h");
     for (int filling = 0; filling < 2; ++filling) {
         list.clear();
         for (const std::string& line : lines) add_record(list, line);
-        ASSERT_EQ(list.count(), 6);
-        for (int row = 1; row <= 6; ++row)
-            EXPECT_TRUE(cells(list.row(row)) == lines[row - 1]) << "row " << row;
+        ASSERT_EQ(list.count(), lines.size());
+        for (int row = 1; row <= list.count(); ++row)
+            EXPECT_TRUE(cells(list.row(row)) == lines[static_cast<std::size_t>(row - 1)])
+                << "row " << row;
     }
 }
 
@@ -89,16 +91,37 @@ TEST(ListControl, RaisesForWhatIsNotThere) {
     EXPECT_THROW(list.remove_row(2), RuntimeError);
 }
 
-TEST(ListControl, RemovalMovesTheSelectedItem) {
+TEST(ListControl, HasASelectedItemThatStaysOnItsRow) {
     ListControl list = event_table();
-    for (const char* name : {"a", "b", "c", "d"}) list.add_row(name, 1);
+    const auto selected = [&list] {
+        const int position = list.selected_item();
+        return position == 0 ? "none" : std::string(list.row(position).text());
+    };
+    EXPECT_EQ(selected(), "none");
+    for (const char* name : {"b", "c", "d", "e"}) list.add_row(name, 1);
+    EXPECT_EQ(selected(), "b");
     list.set_selected_item(3);
+    list.set_selected_item(0);
+    list.set_selected_item(5);
     list.remove_row(1);
-    EXPECT_EQ(list.selected_item(), 2);
-    EXPECT_EQ(list.row(2).text(), "c");
-    list.remove_row(2);
-    EXPECT_EQ(list.selected_item(), 0);
-    EXPECT_EQ(texts(list), (std::vector<std::string>{"b", "d"}));
+    EXPECT_EQ(selected(), "d");
+    list.sort_by(0, SortOrder::Ascending);
+    for (const char* name : {"cc", "D", "f", "a"}) list.add_row(name, 1);
+    EXPECT_EQ(selected(), "d");
+    list.sort_by(0, SortOrder::Descending);
+    list.add_row("da", 1);  // at the selected row's place
+    EXPECT_EQ(texts(list), (std::vector<std::string>{"f", "e", "da", "d", "D", "cc", "c", "a"}));
+    EXPECT_EQ(selected(), "d");
+    list.remove_row(4);
+    EXPECT_EQ(selected(), "D") << "the row that takes the place";
+    list.set_selected_item(7);
+    list.remove_row(7);
+    EXPECT_EQ(selected(), "c") << "the last one, as there is none after it";
+    list.clear();
+    EXPECT_EQ(selected(), "none");
+    add_record(list, "first|b|c|d|e|f|g|h");
+    add_record(list, "second|b|c|d|e|f|g|h");
+    EXPECT_EQ(selected(), "first");
 }
 
 TEST(ListControl, TellsWhatHasChanged) {

@@ -26,7 +26,8 @@ std::string text_of(const ListControl& list) {
         const ListControl::ConstRow row = list.row(number);
         const auto mark = [&](int column) { return row.fore_colour(column) == kRed ? "!" : ""; };
         text += "  ";
-        if (list.selected_item() == number) text += '>';
+        // The first row is the usual one.
+        if (list.selected_item() == number && number > 1) text += '>';
         if (row.selected()) text += '*';
         text += std::to_string(row.small_icon()) + "|" + mark(0) + shown(row.text());
         for (int i = 1; i <= row.sub_item_count(); ++i) {

@@ -58,7 +58,7 @@ void Rig::list_hosts(const std::vector<std::string>& names) {
 void Rig::select(ListControl& list, const std::vector<int>& rows) {
     for (int row = 1; row <= list.count(); ++row)
         list.row(row).set_selected(std::find(rows.begin(), rows.end(), row) != rows.end());
-    list.set_selected_item(rows.empty() ? 0 : rows.back());
+    if (!rows.empty()) list.set_selected_item(rows.back());
 }
 
 }  // namespace tessarine::fakes

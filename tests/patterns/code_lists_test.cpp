@@ -174,7 +174,7 @@ TEST(CodeListMenus, TakeTheCodeOfTheTableThatShows) {
     EXPECT_EQ(drawn(rig, "IgnoreList"), "\nIgnoreList:\n  0|102\n  0|104\n  0|106\n");
 
     form.lblselectedTab.caption = " System Log  ";
-    Rig::select(form.SystemList, {});
+    form.SystemList.clear();
     EXPECT_THROW(addtoignore(rig.console), RuntimeError);
     EXPECT_EQ(form.IgnoreList.count(), 3);
 }

@@ -120,7 +120,7 @@ TEST_F(Searching, LetsFieldsOfASortedTableLandOnTheLastRow) {
     EXPECT_EQ(found("", "SystemList"), R"(
 SystemList:
   4|error
-  2|warning|d|t|s|1|u|c|m|D|T|S|2|U|C|M
+  >2|warning|d|t|s|1|u|c|m|D|T|S|2|U|C|M
 )");
 }
 

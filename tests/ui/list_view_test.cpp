@@ -155,15 +155,19 @@ TEST(ListView, TellsButtonsAndPickedRows) {
     QSignalSpy released(&view, &ListView::button_released);
     QSignalSpy picked(&view, &ListView::row_picked);
 
+    EXPECT_TRUE(list.row(1).selected()) << "the first row, before any click";
+    QTest::keyClick(&view, Qt::Key_Space);
+    EXPECT_EQ(picked.size(), 1);
+    EXPECT_EQ(released.takeFirst().at(0), 1);
     click_row(view, 0);
     EXPECT_EQ(pressed.takeFirst().at(0), 1);
-    EXPECT_EQ(picked.size(), 1);
+    EXPECT_EQ(picked.size(), 2);
     click_row(view, 1, Qt::RightButton);
     EXPECT_EQ(pressed.takeFirst().at(0), 2);
     EXPECT_EQ(released.takeFirst().at(0), 1);
     EXPECT_EQ(released.takeFirst().at(0), 2);
     QTest::keyClick(&view, Qt::Key_Up);
-    EXPECT_EQ(picked.size(), 2);
+    EXPECT_EQ(picked.size(), 3);
     EXPECT_EQ(released.takeFirst().at(0), 1);
 
     // The menu key stands for the right button, pressed and released.

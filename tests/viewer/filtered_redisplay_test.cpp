@@ -142,7 +142,7 @@ TEST_F(FilteredRedisplay, PutsFieldsBehindTheLastRowOfASortedTable) {
     EXPECT_EQ(after_click(EventLog::System, "SystemList"), R"(
 SystemList:
   2|warning
-  4|error|d|t|s|2|u|c|m|d|t|s|1|u|c|m
+  >4|error|d|t|s|2|u|c|m|d|t|s|1|u|c|m
 )");
 }
 

@@ -54,14 +54,16 @@ ListControl::Row ListControl::add_row(std::string_view text, int small_icon) {
     own_rows_.push_back(std::make_unique<OwnRow>());
     own_rows_.back()->cells.push_back({.text = std::string(text)});
     rows_.push_back(added);
-    if (!sorted_) {
+    int position = count() + 1;
+    if (sorted_) {
+        position = static_cast<int>(order_.insert_sorted(number, sort_rule())) + 1;
+        if (selected_item_ >= position) ++selected_item_;
+        changes_.reset = true;
+    } else {
         order_.append(number);
-        mark_changed(count());
-        return {*this, count(), number};
+        mark_changed(position);
     }
-    const auto position = static_cast<int>(order_.insert_sorted(number, sort_rule())) + 1;
-    if (selected_item_ >= position) ++selected_item_;
-    changes_.reset = true;
+    if (selected_item_ == 0) selected_item_ = 1;
     return {*this, position, number};
 }
 
@@ -84,14 +86,14 @@ void ListControl::add_record_row(const RecordText& record, int small_icon) {
             start = end + 1;
         }
     }
+    if (selected_item_ == 0) selected_item_ = 1;
     mark_changed(count());
 }
 
 void ListControl::remove_row(int position) {
     rows_[number_at(position)].selected = 0;
     order_.remove(static_cast<std::size_t>(position - 1));
-    if (selected_item_ == position) selected_item_ = 0;
-    if (selected_item_ > position) --selected_item_;
+    if (selected_item_ > position || selected_item_ > count()) --selected_item_;
     changes_.reset = true;
 }
 
@@ -105,6 +107,10 @@ int ListControl::selected_count() const {
 void ListControl::take_selection(int first, int last, bool selected) {
     for (int position = first; position <= last; ++position)
         rows_[number_at(position)].selected = selected ? 1 : 0;
+}
+
+void ListControl::set_selected_item(int position) {
+    if (position >= 1 && position <= count()) selected_item_ = position;
 }
 
 ListChanges ListControl::take_changes() {

@@ -81,9 +81,11 @@ class ListControl {
     /// Takes over from the view what the user has selected there: no change, as it shows already.
     void take_selection(int first, int last, bool selected);
 
-    /// The row that commands on a single row mean; 0 for none.
+    /// The row that commands on a single row mean; 0 in an empty list alone. It is the first row
+    /// that was added until another is chosen, and after its removal the row that takes its place.
     int selected_item() const { return selected_item_; }
-    void set_selected_item(int position) { selected_item_ = position; }
+    /// A position without a row changes nothing.
+    void set_selected_item(int position);
 
     /// Has the row brought into view next.
     void scroll_to(int position) { changes_.scrolled_to = position; }
@@ -130,7 +132,7 @@ class ListControl::ConstRow {
     /// Column 0 is the row's own text.
     std::uint32_t fore_colour(int column) const;
 
-  private:
+  protected:
     friend class ListControl;
     ConstRow(const ListControl& list, RowOrder::RowNumber number) : list_(&list), number_(number) {}
 
@@ -150,11 +152,10 @@ class ListControl::Row : public ConstRow {
   private:
     friend class ListControl;
     Row(ListControl& list, int position, RowOrder::RowNumber number)
-        : ConstRow(list, number), list_(&list), position_(position), number_(number) {}
+        : ConstRow(list, number), written_(&list), position_(position) {}
 
-    ListControl* list_;
+    ListControl* written_;
     int position_;
-    RowOrder::RowNumber number_;
 };
 
 }  // namespace tessarine

@@ -39,36 +39,36 @@ std::uint32_t ListControl::ConstRow::fore_colour(int column) const {
 }
 
 void ListControl::Row::add_sub_item(std::string_view text) {
-    list_->own_row(number_).cells.push_back({.text = std::string(text)});
-    list_->mark_changed(position_);
+    written_->own_row(number_).cells.push_back({.text = std::string(text)});
+    written_->mark_changed(position_);
 }
 
 void ListControl::Row::set_sub_item(int index, std::string_view text) {
     sub_item(index);
-    list_->own_row(number_).cells[static_cast<std::size_t>(index)].text = text;
-    list_->mark_changed(position_);
+    written_->own_row(number_).cells[static_cast<std::size_t>(index)].text = text;
+    written_->mark_changed(position_);
 }
 
 void ListControl::Row::set_report_icon(int sub_item_index, int icon) {
     sub_item(sub_item_index);
-    list_->own_row(number_).cells[static_cast<std::size_t>(sub_item_index)].report_icon = icon;
-    list_->mark_changed(position_);
+    written_->own_row(number_).cells[static_cast<std::size_t>(sub_item_index)].report_icon = icon;
+    written_->mark_changed(position_);
 }
 
 void ListControl::Row::set_fore_colour(int column, std::uint32_t colour) {
     if (column != 0) sub_item(column);
-    CompactRow& row = list_->rows_[number_];
+    CompactRow& row = written_->rows_[number_];
     const bool stays_compact = row.own_row == CompactRow::kNoOwnRow && colour == kRed;
     if (stays_compact)
         row.red_columns = static_cast<std::uint8_t>(row.red_columns | 1u << column);
     else
-        list_->own_row(number_).cells[static_cast<std::size_t>(column)].colour = colour;
-    list_->mark_changed(position_);
+        written_->own_row(number_).cells[static_cast<std::size_t>(column)].colour = colour;
+    written_->mark_changed(position_);
 }
 
 void ListControl::Row::set_selected(bool selected) {
-    list_->rows_[number_].selected = selected ? 1 : 0;
-    list_->mark_changed(position_);
+    written_->rows_[number_].selected = selected ? 1 : 0;
+    written_->mark_changed(position_);
 }
 
 }  // namespace tessarine
