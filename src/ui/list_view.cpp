@@ -53,7 +53,7 @@ void ListView::set_row_height() {
 void ListView::refresh() {
     setToolTip(to_qt(list_.tool_tip));
     setShowGrid(list_.grid_lines);
-    horizontalHeader()->setSortIndicatorShown(list_.sorted());
+    horizontalHeader()->setSortIndicatorShown(list_.in_order());
     horizontalHeader()->setSortIndicator(
         list_.sort_key(),
         list_.sort_order() == SortOrder::Ascending ? Qt::AscendingOrder : Qt::DescendingOrder);

@@ -190,6 +190,31 @@ TEST(ListControl, SortsByAnyColumnAndKeepsTheOrderOfEqualRows) {
     EXPECT_EQ(list.last_row().text(), "5");
 }
 
+TEST(ListControl, KnowsWhetherItsRowsStandInTheOrder) {
+    ListControl list = event_table();
+    for (const char* line : {"1|b|||||||", "2|a|||||||", "3|c|||||||"}) add_record(list, line);
+    EXPECT_FALSE(list.in_order());
+    const auto in_order_after = [&list](int row, int column, const char* text) {
+        list.sort_by(1, SortOrder::Ascending);
+        EXPECT_TRUE(list.in_order());
+        list.row(row).set_sub_item(column, text);
+        return list.in_order();
+    };
+    EXPECT_TRUE(in_order_after(2, 2, "z")) << "another column";
+    EXPECT_TRUE(in_order_after(2, 1, "A"));
+    EXPECT_FALSE(in_order_after(2, 1, "d"));
+    EXPECT_FALSE(in_order_after(2, 1, "0"));
+    list.sort_by(1, SortOrder::Ascending);
+    list.add_row("4", 1);
+    EXPECT_TRUE(list.in_order());
+    list.row(1).add_sub_item("z");
+    EXPECT_FALSE(list.in_order());
+    list.clear();
+    EXPECT_TRUE(list.in_order());
+    list.set_sorted(false);
+    EXPECT_FALSE(list.in_order());
+}
+
 // Texts that part before, at and behind the eighth character, NULs among them, against
 // compare_text.
 TEST(ListControl, SortsAsTheComparisonSays) {

@@ -4,6 +4,7 @@
 #include <QAbstractItemModelTester>
 #include <QContextMenuEvent>
 #include <QElapsedTimer>
+#include <QHeaderView>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStyledItemDelegate>
@@ -208,6 +209,21 @@ TEST(ListView, EventTablesShareTheirWidthEquallyButForTheMessage) {
     view.setColumnWidth(0, 500);
     view.resize(1610, 300);
     EXPECT_EQ(view.columnWidth(0), view.columnWidth(1));
+}
+
+TEST(ListView, TheSortArrowShowsOnlyOverRowsInThatOrder) {
+    ListControl list(three_columns());
+    ListView view(list, ListView::Selects::OneRow);
+    for (const char* code : {"2", "1"}) list.add_row("x", 4).add_sub_item(code);
+    const auto arrow_shows = [&view] {
+        view.refresh();
+        return view.horizontalHeader()->isSortIndicatorShown();
+    };
+    EXPECT_FALSE(arrow_shows());
+    list.sort_by(1, SortOrder::Ascending);
+    EXPECT_TRUE(arrow_shows());
+    list.row(1).set_sub_item(1, "3");
+    EXPECT_FALSE(arrow_shows());
 }
 
 TEST(ListView, TablesOfTheAnalysisLeaveTheSourceTheMostRoom) {

@@ -42,6 +42,7 @@ void ListControl::clear() {
     own_rows_.clear();
     order_.clear();
     texts_.clear();
+    in_order_ = true;
     selected_item_ = 0;
     changes_ = {.reset = true};
 }

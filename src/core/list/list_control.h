@@ -70,6 +70,9 @@ class ListControl {
     /// Sorting is by the text of one column (0 the row's own), without regard to case; equal rows
     /// keep their order. While it is on, added rows take their sorted place.
     bool sorted() const { return sorted_; }
+    /// Whether sorting is on and the rows stand in that order. A row whose text in the column is
+    /// changed keeps its place.
+    bool in_order() const { return sorted_ && in_order_; }
     /// What was sorted stays as it is; sorting again goes by the same column and order.
     void set_sorted(bool sorted);
     void sort_by(int column, SortOrder order);
@@ -107,12 +110,14 @@ class ListControl {
     void sort_rows();
     RowOrder::Before sort_rule() const;
     void mark_changed(int position);
+    void text_changed(int position, int column);
 
     std::pmr::vector<CompactRow> rows_;
     std::vector<std::unique_ptr<OwnRow>> own_rows_;
     RowOrder order_;
     TextArena texts_;
     bool sorted_ = false;
+    bool in_order_ = true;  // as far as sorting is on
     int sort_key_ = 0;
     SortOrder sort_order_ = SortOrder::Ascending;
     int selected_item_ = 0;

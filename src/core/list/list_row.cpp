@@ -40,13 +40,13 @@ std::uint32_t ListControl::ConstRow::fore_colour(int column) const {
 
 void ListControl::Row::add_sub_item(std::string_view text) {
     written_->own_row(number_).cells.push_back({.text = std::string(text)});
-    written_->mark_changed(position_);
+    written_->text_changed(position_, sub_item_count());
 }
 
 void ListControl::Row::set_sub_item(int index, std::string_view text) {
     sub_item(index);
     written_->own_row(number_).cells[static_cast<std::size_t>(index)].text = text;
-    written_->mark_changed(position_);
+    written_->text_changed(position_, index);
 }
 
 void ListControl::Row::set_report_icon(int sub_item_index, int icon) {

@@ -56,7 +56,20 @@ void ListControl::sort_rows() {
     if (selected_item_ != 0)
         selected_item_ = 1 + static_cast<int>(std::find(numbers.begin(), numbers.end(), selected) -
                                               numbers.begin());
+    in_order_ = true;
     changes_.reset = true;
+}
+
+// A row that has come to stand out of order puts the whole list out of it, until it is sorted
+// again.
+void ListControl::text_changed(int position, int column) {
+    mark_changed(position);
+    if (!in_order() || column != sort_key_) return;
+    const RowOrder::Before before = sort_rule();
+    const auto wrong = [&](int upper) {
+        return upper >= 1 && upper < count() && before(number_at(upper + 1), number_at(upper));
+    };
+    in_order_ = !wrong(position - 1) && !wrong(position);
 }
 
 RowOrder::Before ListControl::sort_rule() const {
