@@ -16,10 +16,10 @@ namespace {
 // for each painted row would make scrolling slow.
 constexpr std::size_t kShownCharacters = 600;
 
-// A red that can be read on the tables' ground, whether that is light or dark.
+// Red as it is, but for a dark ground, on which it can't be read.
 QColor readable_red() {
     const bool dark_ground = QApplication::palette().base().color().lightness() < 128;
-    return dark_ground ? QColor(0xFF, 0x8A, 0x80) : QColor(0xC6, 0x10, 0x10);
+    return dark_ground ? QColor(0xFF, 0x8A, 0x80) : QColor(Qt::red);
 }
 
 }  // namespace

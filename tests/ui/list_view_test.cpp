@@ -88,6 +88,7 @@ TEST(ListView, TheRedOfAHighlightedRowIsReadableOnLightAndOnDark) {
         const auto red = shown(view, 0, 0, Qt::ForegroundRole).value<QColor>();
         EXPECT_GT(std::abs(red.lightness() - ground.lightness()), 90);
         EXPECT_GT(red.red(), red.green() + 80);
+        EXPECT_EQ(red == QColor(Qt::red), ground == Qt::white);
     }
     QApplication::setPalette(before);
 }
