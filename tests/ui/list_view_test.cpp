@@ -5,10 +5,12 @@
 #include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStyledItemDelegate>
 #include <QTest>
+#include <QToolTip>
 
 #include "ui/list_view.h"
 #include "ui/window_rig.h"
@@ -210,6 +212,27 @@ TEST(ListView, EventTablesShareTheirWidthEquallyButForTheMessage) {
     view.setColumnWidth(0, 500);
     view.resize(1610, 300);
     EXPECT_EQ(view.columnWidth(0), view.columnWidth(1));
+}
+
+TEST(ListView, ATextThatIsCutHasATipWithAllOfIt) {
+    ListControl list({{"HostName"}, {"Audit"}});
+    list.tool_tip = "Right click";
+    ListView view(list, ListView::Selects::OneRow);
+    view.resize(200, 200);
+    view.show();
+    list.add_row("PC", 1).add_sub_item("-");
+    list.add_row("<b>a host whose name is far too long</b>", 1).add_sub_item("-");
+    view.refresh();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&view));
+    const auto tip_over = [&view](int row) {
+        const QPoint place = view.visualRect(view.model()->index(row, 0)).center();
+        QHelpEvent event(QEvent::ToolTip, place, view.viewport()->mapToGlobal(place));
+        QApplication::sendEvent(view.viewport(), &event);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(tip_over(0), "Right click");
+    EXPECT_EQ(tip_over(1), "<p>&lt;b&gt;a host whose name is far too long&lt;/b&gt;</p>");
+    QToolTip::hideText();
 }
 
 TEST(ListView, TheSortArrowShowsOnlyOverRowsInThatOrder) {
