@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <algorithm>
 
 #include "ui/cell_delegate.h"
@@ -17,6 +18,8 @@ namespace {
 // Pixels; a narrower message is scrolled sideways.
 constexpr int kLeastMessageWidth = 220;
 constexpr int kPictureWidth = 16;
+// What a type's text has beside it in its cell, picture and all.
+constexpr int kTypeMargin = 34;
 
 int number_of(Qt::MouseButton button) {
     return button == Qt::RightButton ? 2 : button == Qt::LeftButton ? 1 : 0;
@@ -175,7 +178,7 @@ QPoint ListView::place_of_current_row() const {
 
 void ListView::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
-    share_width();
+    share_width(width());
 }
 
 void ListView::changeEvent(QEvent* event) {
@@ -183,35 +186,52 @@ void ListView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange) set_row_height();
 }
 
-// Widths that the user has set last until the next resize.
-void ListView::share_width() {
-    const int last = model_->columnCount() - 1;
-    const int width = viewport()->width();
-    int rest = width;
-    for (int column = 0; column < last; ++column) {
-        setColumnWidth(column, column_width(column, width));
-        rest -= columnWidth(column);
+// A scroll bar that comes or goes changes the inside of the view alone.
+void ListView::share_width(int width) {
+    const QSize size(width, window()->height());
+    if (size == shared_) return;
+    const int room = room_in(width);
+    if (widths_ == Widths::EventTable) {
+        share_event_width(room);
+    } else {
+        for (int column = 0; column < model_->columnCount(); ++column)
+            setColumnWidth(column, column_width(column, room));
     }
-    setColumnWidth(last, std::max(widths_ == Widths::EventTable ? kLeastMessageWidth : 0, rest));
+    shared_ = size;
+}
+
+// What is left when the rows need a scroll bar.
+int ListView::room_in(int width) const {
+    return width - 2 * frameWidth() - verticalScrollBar()->sizeHint().width();
 }
 
 int ListView::column_width(int column, int width) const {
-    const int last = model_->columnCount() - 1;
-    if (widths_ == Widths::EventTable) return event_column_width(width, last);
-    const int equal = width / (last + 1);
+    const int equal = width / model_->columnCount();
     if (widths_ == Widths::Equal) return equal;
     return std::min(equal, horizontalHeader()->sectionSizeHint(column) + kPictureWidth);
 }
 
-// Wide enough for a type with its picture, and up to half of the table for all of them, as long as
-// that leaves room for the message.
-int ListView::event_column_width(int width, int columns) const {
-    const auto with_picture = [this](const QString& type) {
-        return fontMetrics().horizontalAdvance(type) + 34;
-    };
-    const int least = with_picture(QStringLiteral("Information"));
-    const int most = std::max(with_picture(QStringLiteral("Informationen")), width / (2 * columns));
-    return std::clamp((width - kLeastMessageWidth) / columns, least, most);
+// At first the message takes what the others leave; from then on the others share what it leaves.
+void ListView::share_event_width(int width) {
+    const int message = model_->columnCount() - 1;
+    const bool first = shared_.isEmpty();
+    const int share =
+        first ? first_event_column_width(width, message)
+              : std::max(least_event_column_width(), (width - columnWidth(message)) / message);
+    for (int column = 0; column < message; ++column) setColumnWidth(column, share);
+    if (first) setColumnWidth(message, std::max(kLeastMessageWidth, width - message * share));
+}
+
+// Wide enough for a type with its picture.
+int ListView::least_event_column_width() const {
+    return fontMetrics().horizontalAdvance(QStringLiteral("Information")) + kTypeMargin;
+}
+
+// Up to half of the table for all of them, as long as that leaves room for the message.
+int ListView::first_event_column_width(int width, int columns) const {
+    const int german_type = fontMetrics().horizontalAdvance(QStringLiteral("Informationen"));
+    const int most = std::max(german_type + kTypeMargin, width / (2 * columns));
+    return std::clamp((width - kLeastMessageWidth) / columns, least_event_column_width(), most);
 }
 
 }  // namespace tessarine

@@ -26,6 +26,10 @@ class ListView : public QTableView {
     /// Shows what the list holds now.
     void refresh();
 
+    /// Shares the view's width among the columns, once for each size of its window: widths set by
+    /// hand last until the window is resized.
+    void share_width(int width);
+
   signals:
     void button_pressed(int button, const QPoint& place);
     void button_released(int button, const QPoint& place);
@@ -46,9 +50,11 @@ class ListView : public QTableView {
     void set_row_height();
     QPoint place_of_current_row() const;
     void copy_marked_rows() const;
-    void share_width();
+    int room_in(int width) const;
     int column_width(int column, int width) const;
-    int event_column_width(int width, int columns) const;
+    void share_event_width(int width);
+    int least_event_column_width() const;
+    int first_event_column_width(int width, int columns) const;
     void show_selection(const ListChanges& changes);
     void write_selection(const QItemSelection& selected, const QItemSelection& deselected);
     void select_flagged_rows();
@@ -56,6 +62,7 @@ class ListView : public QTableView {
     ListControl& list_;
     ListControlModel* model_;
     Widths widths_;
+    QSize shared_;  ///< the view's width and the window's height that the columns are for
 };
 
 }  // namespace tessarine

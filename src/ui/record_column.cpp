@@ -88,6 +88,13 @@ RecordColumn::RecordColumn(EventDoor& door) : door_(door), pages_(new QStackedWi
     lay_out_pages(*this, named(new QTabBar, "TabStrip2", tr("Event logs")), pages_);
 }
 
+// The tables on hidden pages too, so that all three keep the same widths.
+void RecordColumn::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    for (const char* name : {"SystemList", "ApplicationList", "SecurityList"})
+        pages_->findChild<ListView*>(name)->share_width(pages_->width());
+}
+
 void RecordColumn::refresh() {
     pages_->setCurrentIndex(door_.console().Form1.main_tab - 1);
 }

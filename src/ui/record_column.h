@@ -18,6 +18,9 @@ class RecordColumn : public QWidget {
     /// Brings the page of the form's tab to the front.
     void refresh();
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     EventDoor& door_;
     QStackedWidget* pages_;

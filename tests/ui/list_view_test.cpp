@@ -9,6 +9,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStyledItemDelegate>
+#include <QTabBar>
 #include <QTest>
 #include <QToolTip>
 
@@ -209,9 +210,83 @@ TEST(ListView, EventTablesShareTheirWidthEquallyButForTheMessage) {
     EXPECT_EQ(view.columnWidth(0), view.columnWidth(2));
     EXPECT_GT(view.columnWidth(3), view.columnWidth(0));
     EXPECT_FALSE(view.horizontalScrollBar()->isVisible());
-    view.setColumnWidth(0, 500);
-    view.resize(1610, 300);
-    EXPECT_EQ(view.columnWidth(0), view.columnWidth(1));
+}
+
+// Moves the right edge of a column by the mouse.
+void drag_edge(const QTableView& view, int column, int by) {
+    const QHeaderView& head = *view.horizontalHeader();
+    const QPoint edge(head.sectionViewportPosition(column) + head.sectionSize(column) - 1,
+                      head.height() / 2);
+    QTest::mouseMove(head.viewport(), edge);
+    QTest::mousePress(head.viewport(), Qt::LeftButton, {}, edge);
+    for (const int step : {by / 2, by}) QTest::mouseMove(head.viewport(), edge + QPoint(step, 0));
+    QTest::mouseRelease(head.viewport(), Qt::LeftButton, {}, edge + QPoint(by, 0));
+}
+
+std::vector<int> widths(const QTableView& view) {
+    std::vector<int> all;
+    for (int column = 0; column < view.model()->columnCount(); ++column)
+        all.push_back(view.columnWidth(column));
+    return all;
+}
+
+// Neither the scroll bars that come with wider columns and with rows, nor a load, nor another page
+// on top changes a width that was set by hand.
+TEST(ListView, WidthsSetByHandLastUntilTheWindowIsResized) {
+    WindowRig window;
+    MainForm& form = window.console.Form1;
+    const struct {
+        const char* name;
+        ListControl& list;
+        int page;
+    } tables[] = {{"ApplicationList", form.ApplicationList, 1},
+                  {"ListView2", form.ListView2, 3},
+                  {"ListView1", form.ListView1, 3}};
+    window.start();
+    QWidget& main_window = window.windows.main_window();
+    auto& pages = window.find<QTabBar>("TabStrip2");
+    for (const auto& [name, list, page] : tables) {
+        SCOPED_TRACE(name);
+        pages.setCurrentIndex(page);
+        auto& view = window.find<ListView>(name);
+        ASSERT_TRUE(view.isVisible());
+        const std::vector<int> shared = widths(view);
+        drag_edge(view, 0, 90);
+        const std::vector<int> by_hand = widths(view);
+        EXPECT_EQ(by_hand[0], shared[0] + 90);
+
+        for (int row = 0; row < 200; ++row) list.add_row("PC", 1).add_sub_item("-");
+        view.refresh();
+        pages.setCurrentIndex(2);
+        pages.setCurrentIndex(page);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return view.verticalScrollBar()->isVisible(); }));
+        list.clear();
+        list.add_row("PC", 1);
+        view.refresh();
+        EXPECT_EQ(widths(view), by_hand);
+
+        main_window.resize(main_window.size() + QSize(0, 20));
+        EXPECT_EQ(widths(view), shared);
+    }
+}
+
+TEST(ListView, EventTablesKeepTheWidthOfTheMessageWhenTheWindowIsResized) {
+    WindowRig window;
+    window.start();
+    QWidget& main_window = window.windows.main_window();
+    main_window.resize(1600, 700);
+    auto& view = window.find<QTableView>("SystemList");
+    std::vector<int> expected = widths(view);
+    drag_edge(view, 7, 84);
+    expected[7] += 84;
+    EXPECT_EQ(widths(view), expected);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.horizontalScrollBar()->isVisible(); }));
+    main_window.resize(1614, 700);
+    const int message = expected[7];
+    expected.assign(7, expected[0] - 10);
+    expected.push_back(message);
+    EXPECT_EQ(widths(view), expected);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !view.horizontalScrollBar()->isVisible(); }));
 }
 
 TEST(ListView, ATextThatIsCutHasATipWithAllOfIt) {
