@@ -1,5 +1,6 @@
 #include "store/event_record.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstring>
@@ -42,10 +43,7 @@ class LineEnd {
   public:
     explicit LineEnd(char* start) : end_(start) {}
 
-    void add(std::string_view text) {
-        std::memcpy(end_, text.data(), text.size());
-        end_ += text.size();
-    }
+    void add(std::string_view text) { end_ = std::copy(text.begin(), text.end(), end_); }
     void add_field(std::string_view text) {
         add(text);
         *end_++ = '|';
