@@ -44,7 +44,7 @@ void graphicalview(Console& console) {
     LogAnalyze(console, "systemlog");
     console.Form5->caption =
         std::string("Grahpical Analysis - ") + console.Form1.txtSelectedHost.text;  // sic
-    console.platform.form_windows.show_modal(FormId::Form5);
+    console.platform.form_windows.show_modal(console.Form5.kId);
 }
 
 void LogAnalyze(Console& console, std::string_view OpenLog) {

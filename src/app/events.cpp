@@ -67,7 +67,13 @@ void draw_graph_as(Console& console, const InputDetails&) {
 using enum ChartType;
 using enum EventKind;
 using enum EventLog;
-using enum FormId;
+
+constexpr FormId Form1 = MainForm::kId;
+constexpr FormId Form2 = EventDetailsForm::kId;
+constexpr FormId Form4 = CustomAuditForm::kId;
+constexpr FormId Form5 = GraphForm::kId;
+constexpr FormId Form6 = AddHostForm::kId;
+constexpr FormId ConCheck = ConnectionCheckForm::kId;
 
 constexpr std::array kEvents = {
     // The main window and its menus.

@@ -26,7 +26,7 @@ void test_host(Console& console, const std::string& host) {
     console.platform.tcp_probe.connect(host, kRpcEndpointMapper,
                                        {.connected = [&] { note_state(console, "connected"); },
                                         .failed = [&] { note_state(console, "port down"); }});
-    console.platform.form_windows.show_modal(FormId::ConCheck);
+    console.platform.form_windows.show_modal(console.ConCheck.kId);
 }
 
 void end_connection_attempt(Console& console) {

@@ -84,12 +84,12 @@ void custaudit(Console& console) {
     if (row == 0) return;
     console.Form4->lblHostName.caption =
         selected > 1 ? "selected" : std::string(list.row(row).text());
-    console.platform.form_windows.show_modal(FormId::Form4);
+    console.platform.form_windows.show_modal(console.Form4.kId);
 }
 
 void runcustomforallhosts(Console& console) {
     console.Form4->lblHostName.caption = "all";
-    console.platform.form_windows.show_modal(FormId::Form4);
+    console.platform.form_windows.show_modal(console.Form4.kId);
 }
 
 void activate_custom_audit(Console& console) {

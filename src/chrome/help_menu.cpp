@@ -15,7 +15,7 @@ void open_help(Console& console) {
 
 void show_about(Console& console) {
     console.AboutForm.get();
-    console.platform.form_windows.show_modal(FormId::AboutForm);
+    console.platform.form_windows.show_modal(console.AboutForm.kId);
 }
 
 }  // namespace tessarine

@@ -75,13 +75,20 @@ struct Console {
     RegionalText regional;
 
     MainForm Form1;
-    Form<EventDetailsForm> Form2{FormId::Form2};
+    Form<EventDetailsForm> Form2;
     Form<SettingsForm> Form3;
-    Form<CustomAuditForm> Form4{FormId::Form4};
-    Form<GraphForm> Form5{FormId::Form5};
-    Form<AddHostForm> Form6{FormId::Form6};
-    Form<ConnectionCheckForm> ConCheck{FormId::ConCheck};
-    Form<tessarine::AboutForm> AboutForm{FormId::AboutForm};
+    Form<CustomAuditForm> Form4;
+    Form<GraphForm> Form5;
+    Form<AddHostForm> Form6;
+    Form<ConnectionCheckForm> ConCheck;
+    Form<tessarine::AboutForm> AboutForm;
+
+    /// The list of forms: shows `see(form)` each of them, loaded or not.
+    template <class Visitor>
+    void visit_forms(Visitor&& see) {
+        (see(Form1), see(Form2), see(Form3), see(Form4), see(Form5), see(Form6), see(ConCheck),
+         see(AboutForm));
+    }
 
     int mouse_pointer = kPointerDefault;  ///< of the whole screen
     bool started = false;                 ///< set once, when Form1 is first loaded

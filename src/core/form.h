@@ -32,13 +32,12 @@ class FormBase {
 template <class FormType>
 class Form {
   public:
+    static constexpr FormId kId = FormType::kId;
     using Routine = std::function<void(FormType&)>;
     using Maker = std::function<std::unique_ptr<FormType>()>;
 
-    explicit Form(FormId id, Maker make = std::make_unique<FormType>)
-        : id_(id), make_(std::move(make)) {}
+    explicit Form(Maker make = std::make_unique<FormType>) : make_(std::move(make)) {}
 
-    FormId id() const { return id_; }
     bool loaded() const { return form_ != nullptr; }
 
     /// What runs when the form is loaded. A touch from within it finds the form loaded.
@@ -59,7 +58,6 @@ class Form {
     void unload() { form_.reset(); }
 
   private:
-    FormId id_;
     Maker make_;
     std::unique_ptr<FormType> form_;
     Routine when_loaded_;

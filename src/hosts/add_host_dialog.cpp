@@ -9,7 +9,7 @@ namespace tessarine {
 
 void show_add_host(Console& console) {
     console.Form6.get();
-    console.platform.form_windows.show_modal(FormId::Form6);
+    console.platform.form_windows.show_modal(console.Form6.kId);
 }
 
 void add_typed_host(Console& console) {

@@ -1,21 +1,16 @@
 // What the console asks of the windows that show its forms.
 #pragma once
 
+#include <compare>
 #include <string_view>
 
 namespace tessarine {
 
-enum class FormId {
-    Form1,
-    Form2,
-    Form3,
-    Form4,
-    Form5,
-    Form6,
-    Form7,
-    frmADS,
-    ConCheck,
-    AboutForm,
+/// Which form, by its name, under which its own events stand in the table of events too.
+struct FormId {
+    std::string_view name;  ///< a literal
+
+    auto operator<=>(const FormId&) const = default;
 };
 
 class FormWindows {

@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "core/forms/about_form.h"
 #include "ui/widgets.h"
 
 namespace tessarine {
@@ -25,7 +26,7 @@ QPlainTextEdit* new_text() {
 }  // namespace
 
 AboutDialog::AboutDialog(EventDoor& door, QWidget* parent)
-    : FormDialog(door, FormId::AboutForm, parent) {
+    : FormDialog(door, AboutForm::kId, parent) {
     auto* picture = new QLabel;
     picture->setPixmap(QApplication::windowIcon().pixmap(kPictureSize));
     auto* close = named(new QPushButton(tr("&Close")), "close");

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "core/forms/add_host_form.h"
 #include "ui/form_access.h"
 #include "ui/qt_text.h"
 #include "ui/status_bar_view.h"
@@ -14,8 +15,8 @@
 namespace tessarine {
 
 AddHostDialog::AddHostDialog(EventDoor& door, QWidget* parent)
-    : FormDialog(door, FormId::Form6, parent) {
-    auto* frame = new QGroupBox(to_qt(door.console().Form6->HostFrame.caption));
+    : FormDialog(door, AddHostForm::kId, parent) {
+    auto* frame = named(new QGroupBox, "HostFrame");
     auto* add = named(new QPushButton, "Command1");
     // Enter belongs to the field, which has an event for it.
     add->setAutoDefault(false);

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QLabel>
 
+#include "core/forms/connection_check_form.h"
 #include "ui/form_access.h"
 #include "ui/form_timer.h"
 #include "ui/pictures.h"
@@ -22,7 +23,7 @@ QLabel* new_text(const char* name) {
 }  // namespace
 
 ConnectionCheckDialog::ConnectionCheckDialog(EventDoor& door, QWidget* parent)
-    : FormDialog(door, FormId::ConCheck, parent) {
+    : FormDialog(door, ConnectionCheckForm::kId, parent) {
     // The gate keeps the user from the other windows.
     setWindowModality(Qt::NonModal);
     // No close box: the wait always takes its time.

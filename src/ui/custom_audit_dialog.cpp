@@ -9,6 +9,7 @@
 #include <QTextCharFormat>
 #include <QVBoxLayout>
 
+#include "core/forms/custom_audit_form.h"
 #include "ui/widgets.h"
 
 namespace tessarine {
@@ -36,7 +37,7 @@ QWidget* new_log_boxes() {
 }  // namespace
 
 CustomAuditDialog::CustomAuditDialog(EventDoor& door, QWidget* parent)
-    : FormDialog(door, FormId::Form4, parent) {
+    : FormDialog(door, CustomAuditForm::kId, parent) {
     auto* hosts = named(new QLabel, "lblHostName");
     hosts->setTextFormat(Qt::PlainText);
     // A name as long as a file can give must not widen the dialog.

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "core/forms/event_details_form.h"
 #include "ui/status_bar_view.h"
 #include "ui/theme_icons.h"
 #include "ui/widgets.h"
@@ -82,7 +83,7 @@ QLayout* new_buttons() {
 }  // namespace
 
 EventDetailsDialog::EventDetailsDialog(EventDoor& door, QWidget* parent)
-    : FormDialog(door, FormId::Form2, parent) {
+    : FormDialog(door, EventDetailsForm::kId, parent) {
     auto* picture = named(new QLabel, "Image1");
     picture->setFixedSize(kPictureSize);
     auto* close = named(new QPushButton, "Command1");

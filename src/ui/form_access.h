@@ -12,34 +12,10 @@ namespace tessarine {
 /// Calls `use(form)` with the form of that id if it is loaded.
 template <class Use>
 void with_loaded_form(Console& console, FormId id, Use&& use) {
-    const auto pass = [&](auto& form) {
-        if (form.if_loaded() != nullptr) use(*form.if_loaded());
-    };
-    switch (id) {
-        case FormId::Form1:
-            if (console.Form1.loaded) use(console.Form1);
-            break;
-        case FormId::Form2:
-            pass(console.Form2);
-            break;
-        case FormId::Form4:
-            pass(console.Form4);
-            break;
-        case FormId::Form5:
-            pass(console.Form5);
-            break;
-        case FormId::Form6:
-            pass(console.Form6);
-            break;
-        case FormId::ConCheck:
-            pass(console.ConCheck);
-            break;
-        case FormId::AboutForm:
-            pass(console.AboutForm);
-            break;
-        default:
-            break;  // Has no window yet.
-    }
+    console.visit_forms([&](auto& form) {
+        auto* loaded = form.if_loaded();
+        if (loaded != nullptr && loaded->kId == id) use(*loaded);
+    });
 }
 
 /// What the form of that id has of its own; nothing when it isn't loaded.
@@ -52,7 +28,9 @@ inline FormBase* loaded_form(Console& console, FormId id) {
 /// Shows `see(name, control)` every control of the form, if it is loaded.
 template <class Visitor>
 void visit_controls(Console& console, FormId id, Visitor&& see) {
-    with_loaded_form(console, id, [&](auto& form) { form.visit(see); });
+    with_loaded_form(console, id, [&](auto& form) {
+        if constexpr (requires { form.visit(see); }) form.visit(see);  // else it has no window yet
+    });
 }
 
 /// Calls `change(control)` with the form's control of that name and kind, if there is one.
@@ -64,10 +42,11 @@ void with_control(Console& console, FormId id, std::string_view name, Change&& c
     });
 }
 
-/// The form's name, under which its own events (it comes up, its close box) stand in the table.
-std::string_view form_name(FormId id);
-
 /// Ends a form, as its close box does.
-void unload_form(Console& console, FormId id);
+inline void unload_form(Console& console, FormId id) {
+    console.visit_forms([id](auto& form) {
+        if (form.kId == id) form.unload();
+    });
+}
 
 }  // namespace tessarine

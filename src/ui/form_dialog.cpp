@@ -10,7 +10,7 @@ namespace tessarine {
 
 FormDialog::FormDialog(EventDoor& door, FormId form, QWidget* parent)
     : QDialog(parent), door_(door), form_(form) {
-    setObjectName(object_name(form_name(form)));
+    setObjectName(object_name(form.name));
     setWindowModality(Qt::ApplicationModal);
 }
 
@@ -30,8 +30,8 @@ void FormDialog::refresh() {
 
 void FormDialog::close_form() {
     if (door_.held()) return;
-    if (door_.leads_on(form_, form_name(form_), EventKind::CloseBox)) {
-        door_.raise(form_, form_name(form_), EventKind::CloseBox);
+    if (door_.leads_on(form_, form_.name, EventKind::CloseBox)) {
+        door_.raise(form_, form_.name, EventKind::CloseBox);
     } else {
         run_event(door_.console(), [this](Console& console) { unload_form(console, form_); });
     }

@@ -1,6 +1,8 @@
 #include "ui/form_windows.h"
 
 #include <QApplication>
+#include <algorithm>
+#include <iterator>
 
 #include "core/console_state.h"
 #include "ui/about_dialog.h"
@@ -13,6 +15,29 @@
 #include "ui/main_menus.h"
 
 namespace tessarine {
+namespace {
+
+template <class Dialog>
+std::unique_ptr<FormDialog> make_dialog(EventDoor& door, QWidget* parent) {
+    return std::make_unique<Dialog>(door, parent);
+}
+
+struct FormWindow {
+    FormId form;
+    std::unique_ptr<FormDialog> (*make)(EventDoor& door, QWidget* parent);
+};
+
+// The windows of the forms other than the main form.
+constexpr FormWindow kFormWindows[] = {
+    {EventDetailsForm::kId, make_dialog<EventDetailsDialog>},
+    {CustomAuditForm::kId, make_dialog<CustomAuditDialog>},
+    {GraphForm::kId, make_dialog<GraphDialog>},
+    {AddHostForm::kId, make_dialog<AddHostDialog>},
+    {ConnectionCheckForm::kId, make_dialog<ConnectionCheckDialog>},
+    {AboutForm::kId, make_dialog<AboutDialog>},
+};
+
+}  // namespace
 
 QtFormWindows::QtFormWindows() = default;
 
@@ -44,7 +69,7 @@ void QtFormWindows::close() {
 void QtFormWindows::show_main_window() {
     if (!door_->console().Form1.loaded) return;
     main_window_->show();
-    door_->raise(FormId::Form1, "Form1", EventKind::Activate);
+    door_->raise(MainForm::kId, MainForm::kId.name, EventKind::Activate);
 }
 
 void QtFormWindows::refresh() {
@@ -94,22 +119,8 @@ std::unique_ptr<FormDialog> QtFormWindows::new_dialog(FormId form) {
         dialogs_.empty() ? static_cast<QWidget*>(main_window_.get()) : dialogs_.back();
     // A hidden parent would hide the dialog with it.
     if (!parent->isVisible()) parent = main_window_.get();
-    switch (form) {
-        case FormId::Form2:
-            return std::make_unique<EventDetailsDialog>(*door_, parent);
-        case FormId::Form4:
-            return std::make_unique<CustomAuditDialog>(*door_, parent);
-        case FormId::Form5:
-            return std::make_unique<GraphDialog>(*door_, parent);
-        case FormId::Form6:
-            return std::make_unique<AddHostDialog>(*door_, parent);
-        case FormId::ConCheck:
-            return std::make_unique<ConnectionCheckDialog>(*door_, parent);
-        case FormId::AboutForm:
-            return std::make_unique<AboutDialog>(*door_, parent);
-        default:
-            return nullptr;
-    }
+    const auto* const window = std::ranges::find(kFormWindows, form, &FormWindow::form);
+    return window == std::end(kFormWindows) ? nullptr : window->make(*door_, parent);
 }
 
 bool QtFormWindows::shown(FormId form) {
@@ -127,15 +138,15 @@ void QtFormWindows::show_modal(FormId form) {
     const std::unique_ptr<FormDialog> dialog = new_dialog(form);
     if (dialog == nullptr) return;
     // From the first host's check on, until the audit has ended.
-    if (form == FormId::ConCheck) gate_.shut_for_event(door_->console().events_running);
+    if (form == ConnectionCheckForm::kId) gate_.shut_for_event(door_->console().events_running);
     state->visible = true;
     dialogs_.push_back(dialog.get());
     refresh();
-    door_->raise(form, form_name(form), EventKind::Activate);
+    door_->raise(form, form.name, EventKind::Activate);
     wait_while_shown(form);
     dialogs_.pop_back();
     refresh();
-    door_->raise(FormId::Form1, "Form1", EventKind::Activate);
+    door_->raise(MainForm::kId, MainForm::kId.name, EventKind::Activate);
 }
 
 }  // namespace tessarine

@@ -55,7 +55,7 @@ QWidget* new_legend() {
 }  // namespace
 
 GraphDialog::GraphDialog(EventDoor& door, QWidget* parent)
-    : FormDialog(door, FormId::Form5, parent) {
+    : FormDialog(door, GraphForm::kId, parent) {
     auto* choices = new QVBoxLayout;
     choices->setSpacing(kSpacing);
     choices->addWidget(new_log_group());

@@ -29,14 +29,13 @@ QPushButton* new_button(const char* name) {
 
 // One of the two lists of event codes with its field and its buttons.
 struct CodeGroup {
-    const std::string& caption;
     ListControl& list;
-    const char *list_name, *field, *add, *remove;
+    const char *frame, *list_name, *field, *add, *remove;
     QString field_purpose, list_purpose;
 };
 
 QWidget* new_code_group(const CodeGroup& group) {
-    auto* frame = new QGroupBox(to_qt(group.caption));
+    auto* frame = named(new QGroupBox, group.frame);
     auto* rows = new QVBoxLayout(frame);
     auto* entry = new QHBoxLayout;
     auto* field = named(new QLineEdit, group.field, group.field_purpose);
@@ -120,12 +119,12 @@ QWidget* HostColumn::new_code_page() {
     auto* rows = new QVBoxLayout(page);
     rows->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
     rows->setSpacing(kSpacing);
-    rows->addWidget(new_code_group({form.AlertFrame.caption, form.AlertList, "AlertList",
-                                    "TxtAlert", "Command1", "Command6",
-                                    tr("Event code to highlight"), tr("Highlighted codes")}));
     rows->addWidget(
-        new_code_group({form.IgnoreFrame.caption, form.IgnoreList, "IgnoreList", "txtIgnore",
-                        "Command2", "Command8", tr("Event code to ignore"), tr("Ignored codes")}));
+        new_code_group({form.AlertList, "AlertFrame", "AlertList", "TxtAlert", "Command1",
+                        "Command6", tr("Event code to highlight"), tr("Highlighted codes")}));
+    rows->addWidget(
+        new_code_group({form.IgnoreList, "IgnoreFrame", "IgnoreList", "txtIgnore", "Command2",
+                        "Command8", tr("Event code to ignore"), tr("Ignored codes")}));
     return page;
 }
 

@@ -81,7 +81,7 @@ void MainMenus::add_entry(const MenuTableRow& row) {
     entries_[row.name] = action;
     connect(action, &QAction::triggered, this, [this, name = row.name] {
         refresh();  // A check mark is the console's to set, not the click's.
-        door_.raise(FormId::Form1, name, EventKind::Click);
+        door_.raise(MainForm::kId, name, EventKind::Click);
     });
 }
 
@@ -107,13 +107,13 @@ void MainMenus::add_toolbar(QMainWindow& window) {
         buttons_[button.index] = action;
         connect(action, &QAction::triggered, this, [this, name = button.raises] {
             refresh();
-            door_.raise(FormId::Form1, name, EventKind::Click);
+            door_.raise(MainForm::kId, name, EventKind::Click);
         });
     }
 }
 
 bool MainMenus::leads_on(std::string_view entry) const {
-    return door_.leads_on(FormId::Form1, entry, EventKind::Click);
+    return door_.leads_on(MainForm::kId, entry, EventKind::Click);
 }
 
 void MainMenus::refresh() {

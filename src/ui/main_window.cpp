@@ -49,7 +49,7 @@ MainWindow::MainWindow(EventDoor& door)
     setCentralWidget(centre);
     add_host_field();
     add_status_bar();
-    binder_ = new ControlBinder(door, FormId::Form1, *this);
+    binder_ = new ControlBinder(door, MainForm::kId, *this);
     add_window_keys(*this, *hosts_, *records_);
     fit_into(screen()->availableSize() - kFrame);
     refresh();

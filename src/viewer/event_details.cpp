@@ -124,7 +124,7 @@ void open_event(Console& console, EventLog log) {
     form.TxtListName.text = facts_of(log).word;
     form.caption = opener.caption;
     choose_picture(form, opener.picture_types);
-    console.platform.form_windows.show_modal(FormId::Form2);
+    console.platform.form_windows.show_modal(console.Form2.kId);
 }
 
 void activate_event_details(Console& console) {

@@ -73,7 +73,7 @@ TEST_F(GraphicalAnalysis, AViewStartsAnewWithTheSystemLogAndTheHostsName) {
     fill(form.SystemList, kIconError, 2);
     form.txtSelectedHost.text = "Host: PC1";
     std::string seen;
-    rig.windows.when_shown(FormId::Form5, [&](Console& console) {
+    rig.windows.when_shown(GraphForm::kId, [&](Console& console) {
         seen += console.Form5->caption + "|" + graph() + "\n";
         graph_log(console, EventLog::Security);
         console.Form5->pie.type = ChartType::Pie;

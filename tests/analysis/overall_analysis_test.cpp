@@ -29,7 +29,7 @@ class OverallAnalysis : public testing::Test {
     std::string analysed(std::initializer_list<CheckBox*> boxes, const std::string& controls) {
         for (CheckBox* box : boxes) box->value = 1;
         rig.run([](Console& console) {
-            find_event(control_events(), FormId::Form1, "Command3", EventKind::Click)
+            find_event(control_events(), MainForm::kId, "Command3", EventKind::Click)
                 ->routine(console, {});
         });
         return drawn(rig, controls);

@@ -45,7 +45,7 @@ class WorkbookExport : public testing::Test {
 
     void export_analysis() {
         rig.run([](Console& console) {
-            find_event(control_events(), FormId::Form1, "Command7", EventKind::Click)
+            find_event(control_events(), MainForm::kId, "Command7", EventKind::Click)
                 ->routine(console, {});
         });
     }

@@ -29,7 +29,7 @@ class AuditCommands : public testing::Test {
 
     // What the user does in the dialog before pressing OK.
     void on_custom_audit(std::function<void(CustomAuditForm&)> choose = [](CustomAuditForm&) {}) {
-        rig.windows.when_shown(FormId::Form4, [choose](Console& console) {
+        rig.windows.when_shown(CustomAuditForm::kId, [choose](Console& console) {
             choose(console.Form4.get());
             run_event(console, run_custom_audit);
         });
@@ -146,7 +146,7 @@ TEST_F(AuditCommands, ACustomAuditOfOneHostGoesByItsName) {
 
 TEST_F(AuditCommands, TheCustomDialogReadsTheChoiceBack) {
     std::string said;
-    rig.windows.when_shown(FormId::Form4, [&](Console& console) {
+    rig.windows.when_shown(CustomAuditForm::kId, [&](Console& console) {
         CustomAuditForm& form = console.Form4.get();
         said += form.Label1.caption + "\n";
         form.MonthView1.value = {2004, 2, 3};
@@ -185,7 +185,7 @@ TEST_P(ClosedAudit, BeginsNoFurtherHostAndEndsTheProgram) {
     if (closed_in == ClosedIn::Reading)
         first.before_record = [&](int, int) { end_after_event(rig.console); };
     else
-        rig.windows.when_shown(FormId::ConCheck, [](Console& console) {
+        rig.windows.when_shown(ConnectionCheckForm::kId, [](Console& console) {
             if (console.ConCheck->lblHostName.caption == "PC2") end_after_event(console);
         });
     rig.run(command);

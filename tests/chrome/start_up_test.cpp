@@ -85,7 +85,7 @@ TEST(StartUp, ActivationSetsCaptionAndAboutText) {
         "Product Information:\r\nApplication Name:\tTessarine\r\nVersion:\t1.3.0\r\n";
     EXPECT_EQ(rig.console.AboutForm->Text1.text, about);
 
-    rig.windows.when_shown(FormId::AboutForm, [&](Console& console) {
+    rig.windows.when_shown(AboutForm::kId, [&](Console& console) {
         EXPECT_EQ(console.AboutForm->Text1.text, about);
         console.AboutForm.unload();
     });

@@ -112,6 +112,22 @@ void visit_all(MainForm& form, const Visitor& see) {
         if (row.entry != nullptr) see(row.name, form.*(row.entry));
 }
 
+// Every control that the dialog has a widget for.
+template <class Dialog, class Visitor>
+void visit_all(Dialog& form, const Visitor& see) {
+    if constexpr (requires { form.visit(see); }) form.visit(see);
+}
+
+// The form if there is something to draw of it; the main form holds its last state for ever.
+MainForm* to_draw(MainForm& form) {
+    return &form;
+}
+
+template <class Dialog>
+Dialog* to_draw(Form<Dialog>& form) {
+    return form.if_loaded();
+}
+
 // Name and text of the control that is wanted; nothing when there is none.
 std::string line_of(MainForm& form, const std::string& wanted) {
     std::string line;
@@ -142,19 +158,13 @@ std::vector<std::string> drawn_lines(Console& console) {
         for (std::string row; std::getline(rows, row);)
             lines.push_back(form_name + "." + std::string(name) + ":" + row);
     };
-    const auto see_form = [&](const char* name, auto& form) {
-        form_name = name;
-        if (form.if_loaded() == nullptr) return;
-        lines.push_back(form_name + ": " + form.if_loaded()->caption);
-        form.if_loaded()->visit(see);
-    };
-    form_name = "Form1";
-    visit_all(console.Form1, see);
-    see_form("Form2", console.Form2);
-    see_form("Form4", console.Form4);
-    see_form("Form5", console.Form5);
-    see_form("Form6", console.Form6);
-    see_form("ConCheck", console.ConCheck);
+    console.visit_forms([&](auto& form) {
+        form_name = form.kId.name;
+        auto* loaded = to_draw(form);
+        if (loaded == nullptr) return;
+        lines.push_back(form_name + ": " + loaded->caption);
+        visit_all(*loaded, see);
+    });
     return lines;
 }
 

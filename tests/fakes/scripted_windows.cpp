@@ -16,33 +16,18 @@ constexpr int kNever = std::numeric_limits<int>::max();
 // When the form's own timer is due, counted from `shown_at`; only ConCheck has one.
 int timer_due(Console& console, FormId form, int shown_at) {
     const ConnectionCheckForm* check = console.ConCheck.if_loaded();
-    const bool runs = form == FormId::ConCheck && check != nullptr && check->Timer1.enabled;
+    const bool runs = form == ConnectionCheckForm::kId && check != nullptr && check->Timer1.enabled;
     return runs ? shown_at + check->Timer1.interval : kNever;
 }
 
 }  // namespace
 
 FormBase* loaded_form(Console& console, FormId form) {
-    switch (form) {
-        case FormId::Form1:
-            return &console.Form1;
-        case FormId::Form2:
-            return console.Form2.if_loaded();
-        case FormId::Form3:
-            return console.Form3.if_loaded();
-        case FormId::Form4:
-            return console.Form4.if_loaded();
-        case FormId::Form5:
-            return console.Form5.if_loaded();
-        case FormId::Form6:
-            return console.Form6.if_loaded();
-        case FormId::ConCheck:
-            return console.ConCheck.if_loaded();
-        case FormId::AboutForm:
-            return console.AboutForm.if_loaded();
-        default:
-            return nullptr;
-    }
+    FormBase* loaded = nullptr;
+    console.visit_forms([&](auto& each) {
+        if (each.kId == form) loaded = each.if_loaded();
+    });
+    return loaded;
 }
 
 void ScriptedWindows::raise(FormId form, EventKind kind) {
@@ -68,7 +53,7 @@ void ScriptedWindows::show_modal(FormId form) {
     shown.push_back(form);
     FormBase* its_form = loaded_form(*console_, form);
     if (its_form == nullptr) {
-        ADD_FAILURE() << "form " << static_cast<int>(form) << " is shown but not loaded";
+        ADD_FAILURE() << form.name << " is shown but not loaded";
         return;
     }
     its_form->visible = true;
@@ -79,7 +64,7 @@ void ScriptedWindows::show_modal(FormId form) {
     int due = timer_due(*console_, form, shown_at);
     bool waiting = true;
     while (waiting && is_shown(form)) waiting = wait(form, due);
-    raise(FormId::Form1, EventKind::Activate);
+    raise(MainForm::kId, EventKind::Activate);
 }
 
 bool ScriptedWindows::is_shown(FormId form) const {
@@ -92,7 +77,7 @@ bool ScriptedWindows::is_shown(FormId form) const {
 bool ScriptedWindows::wait(FormId form, int& timer_due) {
     const int next = timeline_.next_moment().value_or(kNever);
     if (next == kNever && timer_due == kNever) {
-        ADD_FAILURE() << "form " << static_cast<int>(form) << " is shown and nobody closes it";
+        ADD_FAILURE() << form.name << " is shown and nobody closes it";
         return false;
     }
     timeline_.pass_to(std::min(next, timer_due));

@@ -71,7 +71,7 @@ TEST(HostList, CommandsOnOneHostTakeTheRowThatIsMarked) {
             rig.files.put(std::string("/app/Data/") + host + "_system.log",
                           std::string("error|d|t|s|1|u|") + host + "|m\r\n");
         std::string audited;
-        rig.windows.when_shown(FormId::Form4, [&](Console& console) {
+        rig.windows.when_shown(CustomAuditForm::kId, [&](Console& console) {
             audited = console.Form4->lblHostName.caption;
             console.Form4.unload();
         });
@@ -146,7 +146,7 @@ TEST_F(DeleteLogs, AFileThatCannotBeDeletedRaisesItsError) {
 // KEEP(enter-adds-an-empty-host)
 TEST(AddHost, ButtonTestsTheFieldAndEnterDoesNot) {
     Rig rig;
-    rig.windows.when_shown(FormId::Form6, [](Console& console) {
+    rig.windows.when_shown(AddHostForm::kId, [](Console& console) {
         const auto type = [&](const char* name, auto* routine) {
             console.Form6->AddHost.text = name;
             routine(console);

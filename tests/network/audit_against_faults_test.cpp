@@ -164,7 +164,7 @@ TEST_F(ManyHosts, DontKeepAnAuditFromTheGoodOne) {
     WireRig rig(hosts_);
     be_impatient(rig);
     rig.list_hosts(names_);
-    rig.windows().when_shown(FormId::Form4, [](Console& console) {
+    rig.windows().when_shown(CustomAuditForm::kId, [](Console& console) {
         console.Form4->MonthView1.value = {2000, 1, 1};
         run_event(console, run_custom_audit);
     });

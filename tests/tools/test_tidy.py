@@ -136,8 +136,16 @@ class TidyTest(unittest.TestCase):
     def test_the_page_of_names_lists_what_is(self):
         self.write("src/core/forms/graph_form.h", """\
             struct GraphForm : FormBase {
+                static constexpr FormId kId{"Form5"};
                 Chart pie{.series = {{"a", rgb(1)}}}, bars;
                 OptionButton Option1{"One"};
+                TextBox Text1{.visible = false};
+                std::array<Frame, 3> pages;
+                void visit(Visitor&& see) {
+                    see("pie", pie);
+                    see("bars", bars);
+                    see("Option1", Option1);
+                }
             };
             void LogAnalyze(Console& console);
             """)
@@ -147,15 +155,24 @@ class TidyTest(unittest.TestCase):
         listed = ["| `Form1` | main | `MainForm` |", "| `Form5` | graph | `GraphForm` |",
                   "## Form1, the main window", "| `lbl` | a label |",
                   "## Form5", "| `pie`, `bars` | charts |", "| `Option1` | first |",
+                  "| `Text1`, `pages` | hidden |",
                   "## Routines", "| `LogAnalyze` | counts |"]
         self.write("docs/names.md", "\n".join(listed))
         self.assertEqual(self.findings(check_names), [])
         for row, finding in ((3, "src/core/forms/main_form.h:1 name"),
                              (5, "src/core/forms/graph_form.h:1 name"),
-                             (8, "src/core/forms/graph_form.h:1 name")):
+                             (9, "src/core/forms/graph_form.h:1 name")):
             with self.subTest(missing=listed[row]):
                 self.write("docs/names.md", "\n".join(listed[:row] + listed[row + 1:]))
                 self.assertIn(finding, self.findings(check_names))
+        form = (self.root / "src/core/forms/graph_form.h").read_text()
+        self.write("docs/names.md", "\n".join(listed))
+        for wrong, right in (("Form4", "Form5"), ("", 'see("bars", bars);'),
+                             ('see("pie", bars);', 'see("pie", pie);')):
+            with self.subTest(wrong=wrong):
+                self.write("src/core/forms/graph_form.h", form.replace(right, wrong))
+                self.assertEqual(len(self.findings(check_names)), 1)
+        self.write("src/core/forms/graph_form.h", form)
         for row in ("| `lbl` | of another form |", "| `gone` | no longer there |"):
             with self.subTest(row=row):
                 self.write("docs/names.md", "\n".join(listed[:7] + [row] + listed[7:]))

@@ -88,7 +88,7 @@ QString shown_caption(const QWidget& widget) {
 
 void expect_widgets(Console& console, FormId form, QWidget& window) {
     visit_controls(console, form, [&](std::string_view name, auto& control) {
-        SCOPED_TRACE(std::string(form_name(form)) + "." + std::string(name));
+        SCOPED_TRACE(std::string(form.name) + "." + std::string(name));
         auto* widget = window.findChild<QWidget*>(object_name(name));
         ASSERT_NE(widget, nullptr);
         EXPECT_EQ(widget->toolTip(), tip_of(control));
@@ -142,23 +142,21 @@ TEST(Forms, EveryControlOfTheMainWindowHasItsWidgetAndItsRoutine) {
     window.console.Form1.PosFrame1[2].visible = true;
     window.console.Form1.host_tab = 3;
     window.windows.refresh();
-    expect_widgets(window.console, FormId::Form1, window.windows.main_window());
-    expect_clicks_arrive(recorded, FormId::Form1, window.windows.main_window());
+    expect_widgets(window.console, MainForm::kId, window.windows.main_window());
+    expect_clicks_arrive(recorded, MainForm::kId, window.windows.main_window());
 }
 
 TEST(Forms, EveryControlOfTheDialogsHasItsWidgetAndItsRoutine) {
     const RecordedEvents recorded;
     WindowRig window(recorded.events());
     window.start();
-    window.console.Form2.get();
-    window.console.Form4.get();
-    window.console.Form5.get();
-    window.console.Form6.get();
-    window.console.AboutForm.get();
-    window.console.ConCheck.get();
-    for (const FormId form :
-         {FormId::Form4, FormId::Form5, FormId::Form6, FormId::AboutForm, FormId::ConCheck}) {
-        window.when_open(form_name(form).data(), [&](QWidget& dialog) {
+    for (const FormId form : {CustomAuditForm::kId, GraphForm::kId, AddHostForm::kId,
+                              AboutForm::kId, ConnectionCheckForm::kId}) {
+        window.console.visit_forms([form](auto& each) {
+            if constexpr (requires { each.get(); })
+                if (each.kId == form) each.get();
+        });
+        window.when_open(form.name.data(), [&](QWidget& dialog) {
             expect_widgets(window.console, form, dialog);
             expect_clicks_arrive(recorded, form, dialog);
             run_event(window.console, [&](Console& console) { unload_form(console, form); });
@@ -173,7 +171,7 @@ TEST(Forms, WhatLeadsNowhereIsDisabled) {
     for (const MenuTableRow& row : kMenuTable) {
         if (row.entry == nullptr) continue;
         const bool leads_on =
-            find_event(control_events(), FormId::Form1, row.name, EventKind::Click) != nullptr;
+            find_event(control_events(), MainForm::kId, row.name, EventKind::Click) != nullptr;
         EXPECT_EQ(window.find<QAction>(row.name.data()).isEnabled(), leads_on) << row.name;
     }
     EXPECT_TRUE(window.find("TxtSearch").isEnabled());
@@ -193,7 +191,7 @@ TEST(Forms, EveryToolbarButtonHasAPictureATipAndItsMenuEntrysRoutine) {
         EXPECT_FALSE(action.icon().isNull());
         EXPECT_EQ(action.toolTip(), object_name(button.tool_tip));
         const ControlEvent* event =
-            find_event(recorded.events(), FormId::Form1, button.raises, EventKind::Click);
+            find_event(recorded.events(), MainForm::kId, button.raises, EventKind::Click);
         EXPECT_EQ(action.isEnabled(), event != nullptr);
         action.trigger();
         EXPECT_TRUE(event == nullptr || recorded.taken(*event) == 1);

@@ -32,7 +32,7 @@ class EventDetails : public testing::Test {
     // Opens the form on a row and lets the user do something there.
     void open(EventLog log, int row, fakes::ScriptedWindows::Script script) {
         Rig::select(table_of(form, log), {row});
-        rig.windows.when_shown(FormId::Form2, [script](Console& console) {
+        rig.windows.when_shown(EventDetailsForm::kId, [script](Console& console) {
             script(console);
             close_event_details(console);
         });

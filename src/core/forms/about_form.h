@@ -7,6 +7,8 @@
 namespace tessarine {
 
 struct AboutForm : FormBase {
+    static constexpr FormId kId{"AboutForm"};
+
     AboutForm() { caption = "About Tessarine"; }
 
     TextBox Text1{.locked = true};

@@ -8,6 +8,8 @@
 namespace tessarine {
 
 struct AddHostForm : FormBase {
+    static constexpr FormId kId{"Form6"};
+
     AddHostForm() { caption = "Add Host"; }
 
     Frame HostFrame{"Add Host"};
@@ -17,6 +19,7 @@ struct AddHostForm : FormBase {
 
     template <class Visitor>
     void visit(Visitor&& see) {
+        see("HostFrame", HostFrame);
         see("AddHost", AddHost);
         see("Command1", Command1);
         see("St2", St2);

@@ -7,6 +7,8 @@
 namespace tessarine {
 
 struct ConnectionCheckForm : FormBase {
+    static constexpr FormId kId{"ConCheck"};
+
     Label lblHostName{"lblHostName"};
     Label Label1{"Attempting"};
     Label Label2{"Status:"};

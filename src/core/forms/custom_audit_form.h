@@ -7,6 +7,8 @@
 namespace tessarine {
 
 struct CustomAuditForm : FormBase {
+    static constexpr FormId kId{"Form4"};
+
     CustomAuditForm() { caption = "Custom Audit"; }
 
     Label lblHostName;  ///< mode: "selected", "all", or a host's name

@@ -10,6 +10,8 @@
 namespace tessarine {
 
 struct EventDetailsForm : FormBase {
+    static constexpr FormId kId{"Form2"};
+
     EventDetailsForm() { caption = "Event Details"; }
 
     Label lblType, lbldate, lblTime, lblSource, lblEventID, lblUser, lblComputer;
@@ -23,10 +25,10 @@ struct EventDetailsForm : FormBase {
     StatusBar st1{1};
 
     // Which row of which table the form shows.
-    TextBox TxtListName;        ///< "system", "application" or "security"
-    TextBox txtListSize;        ///< rows of the table when the form was opened
-    TextBox txtListIndex;       ///< position of the row, from 1
-    std::int16_t position = 0;  ///< the same; what CmdUp and CmdDown move
+    TextBox TxtListName{.visible = false};   ///< "system", "application" or "security"
+    TextBox txtListSize{.visible = false};   ///< rows of the table when the form was opened
+    TextBox txtListIndex{.visible = false};  ///< position of the row, from 1
+    std::int16_t position = 0;               ///< the same; what CmdUp and CmdDown move
 
     template <class Visitor>
     void visit(Visitor&& see) {

@@ -8,7 +8,6 @@
 #include "core/controls.h"
 #include "core/form.h"
 #include "core/icons.h"
-#include "core/status_bar.h"
 
 namespace tessarine {
 
@@ -31,6 +30,8 @@ inline constexpr std::array kGraphLegend = {kErrorLegend, kWarningLegend, kInfor
                                             kFailureLegend, kSuccessLegend};
 
 struct GraphForm : FormBase {
+    static constexpr FormId kId{"Form5"};
+
     GraphForm() { caption = "Grahpical Analysis:"; }  // sic
 
     Chart pie;
@@ -41,8 +42,6 @@ struct GraphForm : FormBase {
     OptionButton Option5{"Bar Graph", true};
     OptionButton Option4{"Pie chart"};
     Frame Frame1{"Legend"};
-    TextBox Text1{.visible = false};  ///< holds nothing of use
-    StatusBar StatusBar1{1};          ///< nothing is written to it
 
     /// Shows every control that the window has a widget for.
     template <class Visitor>

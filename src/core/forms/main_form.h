@@ -17,6 +17,13 @@
 namespace tessarine {
 
 struct MainForm : FormBase {
+    static constexpr FormId kId{"Form1"};
+
+    // It is there from the start on and ends with the program.
+    bool loaded = true;
+    MainForm* if_loaded() { return loaded ? this : nullptr; }
+    void unload() { loaded = false; }
+
     explicit MainForm(std::pmr::memory_resource* memory)
         : SystemList(event_columns(), memory),
           ApplicationList(event_columns(), memory),
@@ -26,8 +33,6 @@ struct MainForm : FormBase {
         for (ListControl* table : {&ListView2, &ListView3, &ListView4})
             table->tool_tip = "Right click for more options";
     }
-
-    bool loaded = true;
 
     // Hidden fields: the console's shared state.
     Label lblReturn{.visible = false};        ///< verdict on reachability: "hostok" or "hostdown"
@@ -158,14 +163,22 @@ struct MainForm : FormBase {
         see("AppInformations", AppInformations);
         see("SecSucc", SecSucc);
         see("SecFail", SecFail);
+        see("AlertFrame", AlertFrame);
         see("AlertList", AlertList);
         see("TxtAlert", TxtAlert);
         see("Command1", Command1);
         see("Command6", Command6);
+        see("IgnoreFrame", IgnoreFrame);
         see("IgnoreList", IgnoreList);
         see("txtIgnore", txtIgnore);
         see("Command2", Command2);
         see("Command8", Command8);
+        visit_search_and_analysis(see);
+    }
+
+  private:
+    template <class Visitor>
+    void visit_search_and_analysis(Visitor& see) {
         see("TxtSearch", TxtSearch);
         see("txtSearchHist", txtSearchHist);
         see("Check1", Check1);
@@ -199,7 +212,6 @@ struct MainForm : FormBase {
         see("Option6", Option6);
     }
 
-  private:
     static std::vector<ListColumn> event_columns() {
         return {{"Type"},  {"Date"}, {"Time"},     {"Source"},
                 {"Event"}, {"User"}, {"Computer"}, {"Message", 9000}};

@@ -9,6 +9,8 @@
 namespace tessarine {
 
 struct SettingsForm : FormBase {
+    static constexpr FormId kId{"Form3"};
+
     /// `secret_memory` is for the password.
     explicit SettingsForm(std::pmr::memory_resource* secret_memory)
         : TxtPassword{SecretText(secret_memory)} {
