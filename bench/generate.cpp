@@ -36,7 +36,7 @@ void generate(std::span<char* const> words) {
     ensure_store(files, store);
     for (const EventLog log : kEventLogs) {
         LogLines source(log, host, language, seed);
-        const auto file = files.open(host_log_path(store, host, log), OpenFor::Writing);
+        const auto file = files.open(host_log_path(files, store, host, log), OpenFor::Writing);
         const int wanted = log == EventLog::Security ? lines : lines / kShareOfOtherLogs;
         for (int i = 0; i < wanted; ++i) file->write(source.next());
         file->close();

@@ -78,15 +78,16 @@ std::string tab_images(const TabStrip& strip) {
 }  // namespace
 
 void ensure_store(Files& files, const std::string& store) {
-    for (const std::string& folder : {store, data_folder(store)})
+    for (const std::string& folder : {store, data_folder(files, store)})
         if (!files.folder_exists(folder)) files.create_folder(folder);
 }
 
 void choose_store(Console& console, const Arguments& arguments) {
     MainForm& form = console.Form1;
     const std::string store = from_utf8(arguments.plain()[0]);
-    if (!console.platform.files.folder_exists(data_folder(store)))
-        throw UsageError("there is no folder " + to_utf8(data_folder(store)));
+    const std::string folder = data_folder(console.platform.files, store);
+    if (!console.platform.files.folder_exists(folder))
+        throw UsageError("there is no folder " + to_utf8(folder));
     console.Form3->txtLogPath.text = store;
     form.highlightpatt.checked = arguments.has("--alerts");
     form.hideignore.checked = arguments.has("--ignore");

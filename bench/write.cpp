@@ -36,7 +36,7 @@ void write(std::span<char* const> words) {
     const MadeUpEvents events(kHost);
     const long idle_memory = present_memory();
     const double seconds = seconds_of([&] { write_events(console, events.all(), lines); });
-    const std::string path = host_log_path(store, kHost, EventLog::Security);
+    const std::string path = host_log_path(idle.files, store, kHost, EventLog::Security);
     std::cout << "{\"seconds\": " << std::to_string(seconds) << ", \"lines\": " << lines
               << ", \"bytes\": " << std::filesystem::file_size(to_utf8(path))
               << ", \"idle_kib\": " << idle_memory << ", \"peak_kib\": " << peak_memory() << "}\n";

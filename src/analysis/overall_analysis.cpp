@@ -90,7 +90,7 @@ void analyse(Console& console, const AnalysedLog& log, const ErrorRegime& errors
     std::string folder;
     Entries files;
     errors.run([&] {
-        folder = data_folder(console.Form3->txtLogPath.text);
+        folder = data_folder(console.platform.files, console.Form3->txtLogPath.text);
         files = console.platform.directory_listing.files_ending_in(folder, ending_of(log.log));
     });
     set_bar_maximum(form.pbar1, files, errors);

@@ -17,19 +17,19 @@ namespace tessarine {
 namespace {
 
 void make_folders(Console& console) {
+    Files& files = console.platform.files;
     const std::string& log_path = console.Form3->txtLogPath.text;
-    for (const std::string& folder :
-         {logs_folder(log_path), data_folder(log_path), archive_parent_folder(log_path)})
-        if (!console.platform.files.folder_exists(folder))
-            console.platform.files.create_folder(folder);
+    for (const std::string& folder : {logs_folder(files, log_path), data_folder(files, log_path),
+                                      archive_parent_folder(files, log_path)})
+        if (!files.folder_exists(folder)) files.create_folder(folder);
 }
 
 // A host that never answers still gets its three files.
 void make_empty_files(Console& console, const std::string& host) {
+    Files& files = console.platform.files;
     for (const EventLog log : kEventLogs) {
-        const std::string path = host_log_path(console.Form3->txtLogPath.text, host, log);
-        if (!console.platform.files.file_exists(path))
-            console.platform.files.open(path, OpenFor::Writing)->close();
+        const std::string path = host_log_path(files, console.Form3->txtLogPath.text, host, log);
+        if (!files.file_exists(path)) files.open(path, OpenFor::Writing)->close();
     }
 }
 

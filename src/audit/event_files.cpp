@@ -24,7 +24,8 @@ void EventFiles::open(Console& console, const std::string& host) {
     const OpenFor purpose = settings->optAppend.value ? OpenFor::Appending : OpenFor::Writing;
     for (LogFile& log : logs_)
         log.file = console.platform.files.open(
-            host_log_path(settings->txtLogPath.text, host, log.log), purpose);
+            host_log_path(console.platform.files, settings->txtLogPath.text, host, log.log),
+            purpose);
 }
 
 void EventFiles::write(const EventProperties& event) {

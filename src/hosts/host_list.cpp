@@ -14,12 +14,15 @@ namespace {
 
 constexpr int kRightButton = 2;
 
+std::string log_path_of(Console& console, const std::string& host, EventLog log) {
+    return host_log_path(console.platform.files, console.Form3->txtLogPath.text, host, log);
+}
+
 // KEEP(delete-logs-takes-names-as-they-stand): finding the files of a name with a leading "\\", as
 // viewing and auditing do, would delete them.
 bool has_log(Console& console, const std::string& host, EventLog log) {
     if (host.starts_with("\\\\") || !can_name_files(host)) return false;
-    return console.platform.files.file_exists(
-        host_log_path(console.Form3->txtLogPath.text, host, log));
+    return console.platform.files.file_exists(log_path_of(console, host, log));
 }
 
 void delete_logs_of(Console& console, const std::string& host) {
@@ -27,7 +30,7 @@ void delete_logs_of(Console& console, const std::string& host) {
         // KEEP(delete-logs-reports-the-last-file): a sum of all files would replace the text of the
         // last one.
         if (has_log(console, host, log)) {
-            console.platform.files.remove(host_log_path(console.Form3->txtLogPath.text, host, log));
+            console.platform.files.remove(log_path_of(console, host, log));
             console.Form1.st1.set_text(1, "Deleted logs of Host " + host);
         } else {
             console.Form1.st1.set_text(1, "Log not found..");

@@ -27,7 +27,7 @@ std::string host_of_file(std::string name) {
 void LoadPreAuditedHosts(Console& console) {
     ListControl& list = console.Form1.ListView1;
     list.clear();
-    const std::string folder = data_folder(console.Form3->txtLogPath.text);
+    const std::string folder = data_folder(console.platform.files, console.Form3->txtLogPath.text);
     std::unordered_set<std::string> seen;
     for (const auto& [name, size] :
          console.platform.directory_listing.files_ending_in(folder, ".log")) {

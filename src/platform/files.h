@@ -34,6 +34,10 @@ class Files {
     virtual bool file_exists(const std::string& path) = 0;
     virtual bool folder_exists(const std::string& path) = 0;
 
+    /// What `name` is called in `folder`: as it stands when there is such a file or folder, else by
+    /// a name that differs from it in case alone, and as it stands when there is none either.
+    virtual std::string present_name(const std::string& folder, const std::string& name) = 0;
+
     /// Makes the last component of `path`, readable by its owner alone.
     virtual void create_folder(const std::string& path) = 0;
 

@@ -109,7 +109,7 @@ void SearchRun::run() {
 
 // A store without its folder is one without files.
 void SearchRun::list_files() {
-    folder_ = data_folder(console_.Form3->txtLogPath.text);
+    folder_ = data_folder(console_.platform.files, console_.Form3->txtLogPath.text);
     if (!console_.platform.files.folder_exists(folder_)) return;
     Counter16 listed;
     for (const auto& [name, size] :

@@ -8,8 +8,8 @@
 namespace tessarine {
 
 void AuditLog::open(Console& console) {
-    const std::string path =
-        audit_log_path(console.Form3->txtLogPath.text, console.platform.clock.now().date);
+    const std::string path = audit_log_path(console.platform.files, console.Form3->txtLogPath.text,
+                                            console.platform.clock.now().date);
     file_ = console.platform.files.open(path, OpenFor::Appending);
 }
 

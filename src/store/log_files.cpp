@@ -6,6 +6,7 @@
 #include "core/log_facts.h"
 #include "core/runtime_error.h"
 #include "core/text.h"
+#include "platform/files.h"
 
 namespace tessarine {
 namespace {
@@ -63,16 +64,24 @@ std::string path_in(std::string_view folder, std::string_view name) {
     return path;
 }
 
-std::string data_folder(std::string_view log_path) {
-    return path_in(log_path, "Data");
+namespace {
+
+std::string entry_of(Files& files, std::string_view folder, const std::string& name) {
+    return path_in(folder, files.present_name(std::string(folder), name));
 }
 
-std::string logs_folder(std::string_view log_path) {
-    return path_in(log_path, "Logs");
+}  // namespace
+
+std::string data_folder(Files& files, std::string_view log_path) {
+    return entry_of(files, log_path, "Data");
 }
 
-std::string archive_parent_folder(std::string_view log_path) {
-    return path_in(log_path, "Archive");
+std::string logs_folder(Files& files, std::string_view log_path) {
+    return entry_of(files, log_path, "Logs");
+}
+
+std::string archive_parent_folder(Files& files, std::string_view log_path) {
+    return entry_of(files, log_path, "Archive");
 }
 
 bool can_name_files(std::string_view host) {
@@ -82,24 +91,26 @@ bool can_name_files(std::string_view host) {
                         [](char c) { return is_separator(c) || is_control(c); });
 }
 
-std::string host_log_path(std::string_view log_path, std::string_view host, EventLog log) {
-    return path_in(data_folder(log_path), file_name(host, log));
+std::string host_log_path(Files& files, std::string_view log_path, std::string_view host,
+                          EventLog log) {
+    return entry_of(files, data_folder(files, log_path), file_name(host, log));
 }
 
-std::string archive_folder(std::string_view archive_path, std::string_view host,
+std::string archive_folder(Files& files, std::string_view archive_path, std::string_view host,
                            const DateTime& moment) {
     const std::string stamp = dashed(moment.date, moment.date.year % 100) + "-" +
                               padded(moment.time.hour, 2) + "-" + padded(moment.time.minute, 2);
-    return path_in(archive_parent_folder(archive_path), checked_name(host) + "_" + stamp);
+    return entry_of(files, archive_parent_folder(files, archive_path),
+                    checked_name(host) + "_" + stamp);
 }
 
-std::string archived_log_path(std::string_view archive_path, std::string_view host,
+std::string archived_log_path(Files& files, std::string_view archive_path, std::string_view host,
                               const DateTime& moment, EventLog log) {
-    return path_in(archive_folder(archive_path, host, moment), file_name(host, log));
+    return entry_of(files, archive_folder(files, archive_path, host, moment), file_name(host, log));
 }
 
-std::string audit_log_path(std::string_view log_path, const Date& day) {
-    return path_in(logs_folder(log_path), dashed(day, day.year) + ".log");
+std::string audit_log_path(Files& files, std::string_view log_path, const Date& day) {
+    return entry_of(files, logs_folder(files, log_path), dashed(day, day.year) + ".log");
 }
 
 }  // namespace tessarine

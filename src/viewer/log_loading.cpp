@@ -18,7 +18,8 @@ std::string path_if_there(const Load& load, EventLog log) {
     std::string path;
     bool exists = false;
     load.errors.run([&] {
-        path = host_log_path(load.console.Form3->txtLogPath.text, load.host, log);
+        path = host_log_path(load.console.platform.files, load.console.Form3->txtLogPath.text,
+                             load.host, log);
         exists = load.console.platform.files.file_exists(path);
     });
     return exists ? path : "";

@@ -139,6 +139,25 @@ TYPED_TEST(FilesContract, EitherSeparatorAndUmlautsLeadToTheSameFile) {
                 UnorderedElementsAre(FieldsAre("B\xFCro_system.log", 4u)));
 }
 
+TYPED_TEST(FilesContract, ANameIsFoundInAnyCaseAndTheExactOneFirst) {
+    Files& files = this->place_.files;
+    const std::string folder = this->path("DATA");
+    files.create_folder(folder);
+    EXPECT_EQ(files.present_name(this->place_.root, "Data"), "DATA");
+    EXPECT_EQ(files.present_name(folder, "b\xFCro_system.log"), "b\xFCro_system.log");
+    this->write("DATA\\B\xDCRO_System.LOG", "text");
+    EXPECT_EQ(files.present_name(folder, "b\xFCro_system.log"), "B\xDCRO_System.LOG");
+    EXPECT_EQ(files.present_name(folder, "ro_system.log"), "ro_system.log");
+    EXPECT_EQ(files.present_name(this->path("missing"), "a.log"), "a.log");
+    this->write("DATA\\B\xDCro_system.log", "other");
+    EXPECT_EQ(files.present_name(folder, "b\xFCro_system.log"), "B\xDCRO_System.LOG");
+    this->write("DATA\\b\xFCro_system.log", "exact");
+    EXPECT_EQ(files.present_name(folder, "b\xFCro_system.log"), "b\xFCro_system.log");
+    files.remove(folder + "\\B\xDCRO_System.LOG");
+    files.remove(folder + "\\b\xFCro_system.log");
+    EXPECT_EQ(files.present_name(folder, "b\xFCro_system.log"), "B\xDCro_system.log");
+}
+
 TYPED_TEST(FilesContract, AListingHasThePlainFilesOfTheFolderByTheirEnding) {
     this->place_.files.create_folder(this->path("folder.log"));
     this->write("a_system.log", "12345");

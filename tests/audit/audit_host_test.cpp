@@ -127,11 +127,33 @@ TEST_F(AuditHostTest, AppendsOverwritesOrMovesWhatIsThere) {
     settings->choose(settings->optMove);
     audit();
     EXPECT_EQ(rig.files.bytes(kSystem), once);
-    EXPECT_EQ(rig.files.bytes("/app/Archive/PC1_30-11-04-23-59/PC1_system.log"), once + once);
+    const char* copy = "/app/Archive/PC1_30-11-04-23-59/PC1_system.log";
+    EXPECT_EQ(rig.files.bytes(copy), once + once);
+    // Within the same minute.
+    audit();
+    EXPECT_EQ(drawn(rig, "AuditStat"), "\nAuditStat: \"ok\"\n");
+    EXPECT_EQ(rig.files.bytes(copy), once);
 
     settings->choose(settings->optOverwrite);
     audit();
     EXPECT_EQ(rig.files.bytes(kSystem), once);
+}
+
+TEST_F(AuditHostTest, GoesOnWithAStoreFromASystemWhereCaseMakesNoDifference) {
+    for (const char* path : {"/app/DATA/pc1_System.log", "/app/DATA/pc1_Application.LOG",
+                             "/app/DATA/PC1_SECURITY.LOG", "/app/logs/30-11-2004.LOG"})
+        rig.files.put(path, "old\r\n");
+    rig.files.make_folders("/app/archive/pc1_30-11-04-23-59");
+    const std::string before = rig.files.names();
+    auto& settings = rig.console.Form3;
+    settings->choose(settings->optAppend);
+    audit();
+    EXPECT_EQ(rig.files.names(), before);
+    EXPECT_TRUE(rig.files.bytes("/app/DATA/pc1_System.log").starts_with("old\r\ninformation|"));
+    settings->choose(settings->optMove);
+    audit();
+    EXPECT_TRUE(rig.files.bytes("/app/archive/pc1_30-11-04-23-59/PC1_system.log")
+                    .starts_with("old\r\ninformation|"));
 }
 
 // KEEP(every-log-file-is-opened)

@@ -86,6 +86,19 @@ bool MemoryFiles::folder_exists(const std::string& path) {
     return folders_.contains(normalised(path));
 }
 
+std::string MemoryFiles::present_name(const std::string& folder, const std::string& name) {
+    const std::string wanted = normalised(folder + "/" + name);
+    if (files_.contains(wanted) || folders_.contains(wanted)) return name;
+    std::string found = name;
+    const auto look_at = [&](const std::string& path) {
+        if (parent_of(path) == parent_of(wanted) && same_text(path, wanted) && found == name)
+            found = path.substr(path.rfind('/') + 1);
+    };
+    for (const std::string& path : folders_) look_at(path);
+    for (const auto& [path, file] : files_) look_at(path);
+    return found;
+}
+
 void MemoryFiles::create_folder(const std::string& path) {
     raise_if_due(FileStep::CreateFolder, path);
     const std::string folder = normalised(path);

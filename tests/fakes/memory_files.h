@@ -23,6 +23,7 @@ class MemoryFiles final : public Files, public DirectoryListing {
   public:
     bool file_exists(const std::string& path) override;
     bool folder_exists(const std::string& path) override;
+    std::string present_name(const std::string& folder, const std::string& name) override;
     void create_folder(const std::string& path) override;
     std::unique_ptr<File> open(const std::string& path, OpenFor purpose) override;
     void copy(const std::string& from, const std::string& to) override;

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "core/runtime_error.h"
+#include "fakes/memory_files.h"
 
 namespace tessarine {
 namespace {
@@ -17,25 +18,44 @@ std::string native(std::string path) {
 }
 
 TEST(LogFiles, FoldSeparatorsOfPathAndHost) {
+    fakes::MemoryFiles files;
     const char* log_paths[] = {"/app", "/app\\", "/app//", "\\app\\\\"};
     const char* hosts[] = {"srv.lab.example", "\\\\srv.lab.example", "\\srv.lab.example"};
     for (const char* log_path : log_paths)
         for (const char* host : hosts)
-            EXPECT_EQ(host_log_path(log_path, host, EventLog::Application),
+            EXPECT_EQ(host_log_path(files, log_path, host, EventLog::Application),
                       native("/app/Data/srv.lab.example_application.log"))
                 << log_path << " " << host;
-    EXPECT_EQ(data_folder(""), native("/Data"));
-    EXPECT_EQ(archive_parent_folder("D:\\Logs\\"), native("D:/Logs/Archive"));
+    EXPECT_EQ(data_folder(files, ""), native("/Data"));
+    EXPECT_EQ(archive_parent_folder(files, "D:\\Logs\\"), native("D:/Logs/Archive"));
 }
 
 TEST(LogFiles, NameDaysAndMinutes) {
+    fakes::MemoryFiles files;
     const DateTime moment{{2004, 3, 9}, {7, 5, 59}};
-    EXPECT_EQ(audit_log_path("/app", moment.date), native("/app/Logs/09-03-2004.log"));
-    EXPECT_EQ(archived_log_path("/arc/", "\\\\PC1", moment, EventLog::Security),
+    EXPECT_EQ(audit_log_path(files, "/app", moment.date), native("/app/Logs/09-03-2004.log"));
+    EXPECT_EQ(archived_log_path(files, "/arc/", "\\\\PC1", moment, EventLog::Security),
               native("/arc/Archive/PC1_09-03-04-07-05/PC1_security.log"));
 }
 
+// As in a store that was carried over from Windows.
+TEST(LogFiles, AreFoundInAnyCase) {
+    fakes::MemoryFiles files;
+    files.put("/app/DATA/pc1_System.LOG", "");
+    files.make_folders("/app/archive/Pc1_09-03-04-07-05");
+    EXPECT_EQ(host_log_path(files, "/app", "PC1", EventLog::System),
+              native("/app/DATA/pc1_System.LOG"));
+    EXPECT_EQ(host_log_path(files, "/app", "\\\\PC1", EventLog::Security),
+              native("/app/DATA/PC1_security.log"));
+    EXPECT_EQ(archive_folder(files, "/app", "PC1", {{2004, 3, 9}, {7, 5, 59}}),
+              native("/app/archive/Pc1_09-03-04-07-05"));
+    files.put("/app/Data/PC1_system.log", "");
+    EXPECT_EQ(host_log_path(files, "/app", "PC1", EventLog::System),
+              native("/app/Data/PC1_system.log"));
+}
+
 TEST(LogFiles, HostsNeverLeadOutOfTheStore) {
+    fakes::MemoryFiles files;
     const std::string bad_hosts[] = {
         "..",
         ".",
@@ -58,8 +78,8 @@ TEST(LogFiles, HostsNeverLeadOutOfTheStore) {
     for (const std::string& host : bad_hosts) {
         EXPECT_FALSE(can_name_files(host)) << host;
         for (const EventLog log : kEventLogs)
-            EXPECT_THROW(host_log_path("/app", host, log), RuntimeError) << host;
-        EXPECT_THROW(archive_folder("/app", host, {}), RuntimeError) << host;
+            EXPECT_THROW(host_log_path(files, "/app", host, log), RuntimeError) << host;
+        EXPECT_THROW(archive_folder(files, "/app", host, {}), RuntimeError) << host;
     }
     for (const std::string host : {"...", "..x", "a b", "PC1|2", "10.0.0.1", "fe80::1%eth0"})
         EXPECT_TRUE(can_name_files(host)) << host;
@@ -67,8 +87,9 @@ TEST(LogFiles, HostsNeverLeadOutOfTheStore) {
 }
 
 TEST(LogFiles, RefusalIsOneLineThatNamesTheHost) {
+    fakes::MemoryFiles files;
     try {
-        host_log_path("/app", "PC1\r\n../x", EventLog::System);
+        host_log_path(files, "/app", "PC1\r\n../x", EventLog::System);
         FAIL();
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.number(), ErrorNumber::BadFileName);

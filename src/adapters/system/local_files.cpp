@@ -63,6 +63,12 @@ bool LocalFiles::folder_exists(const std::string& path) {
     return kind_of(path) == std::optional<mode_t>(S_IFDIR);
 }
 
+std::string LocalFiles::present_name(const std::string& folder, const std::string& name) {
+    const bool possible = folder.find('\0') == std::string::npos;
+    if (!possible || kind_of(folder + "/" + name)) return name;
+    return names_.in_any_case(system_path(folder + "/"), name);
+}
+
 void LocalFiles::create_folder(const std::string& path) {
     const std::string folder = system_path(path);
     if (::mkdir(folder.c_str(), S_IRWXU) != 0) raise_system_error(errno, Wanted::Folder);
