@@ -48,10 +48,6 @@ void with(Console& console, const InputDetails& details) {
     routine(console, log, details);
 }
 
-void press_on_host_list_with(Console& console, const InputDetails& details) {
-    press_on_host_list(console, details.button);
-}
-
 // Draws a chart of the main window as bars or as a pie.
 template <auto chart, ChartType type>
 void draw_as(Console& console, const InputDetails&) {
@@ -94,7 +90,7 @@ constexpr std::array kEvents = {
     ControlEvent{Form1, "TabStrip2", Click, plain<click_tab_of_right_strip>},
 
     // The host list.
-    ControlEvent{Form1, "ListView1", MouseDown, press_on_host_list_with},
+    ControlEvent{Form1, "ListView1", MouseDown, press_on_host_list},
     ControlEvent{Form1, "vieweventlogs", Click, plain<vieweventlogs>},
     ControlEvent{Form1, "dellogs", Click, plain<dellogs>},
     ControlEvent{Form1, "fullaudit", Click, plain<fullaudit>},

@@ -24,10 +24,12 @@ enum class EventKind {
     DateClick,
 };
 
-/// What the event brings along; what doesn't apply is 0.
+enum class MouseButton { None, Left, Right };
+
+/// What the event brings along.
 struct InputDetails {
-    int button = 0;  ///< 1 left, 2 right
-    int column = 0;  ///< from 1
+    MouseButton button = MouseButton::None;  ///< that went down or up
+    int column = 0;                          ///< that was clicked, from 1; 0 for none
 };
 
 struct ControlEvent {

@@ -12,8 +12,6 @@
 namespace tessarine {
 namespace {
 
-constexpr int kRightButton = 2;
-
 std::string log_path_of(Console& console, const std::string& host, EventLog log) {
     return host_log_path(console.platform.files, console.Form3->txtLogPath.text, host, log);
 }
@@ -48,7 +46,7 @@ void show_host_count(Console& console) {
     console.Form1.st1.set_text(4, std::to_string(console.Form1.ListView1.count()) + " hosts");
 }
 
-void press_on_host_list(Console& console, int button) {
+void press_on_host_list(Console& console, const InputDetails& details) {
     MainForm& form = console.Form1;
     if (form.ListView1.count() == 0) {
         form.st1.set_text(1, "List Empty. Enumerate or Load hosts");
@@ -56,7 +54,7 @@ void press_on_host_list(Console& console, int button) {
     }
     form.st1.set_text(1, "");
     const int selected = selected_hosts(form.ListView1);
-    if (button != kRightButton) return;
+    if (details.button != MouseButton::Right) return;
     form.graphicalview.enabled = selected <= 1;
     console.platform.form_windows.pop_up_menu("MyMenu");
 }
@@ -86,7 +84,7 @@ void enter_selected_host(Console& console) {
 }
 
 void press_on_selected_host(Console& console, const InputDetails& details) {
-    if (details.button == kRightButton) console.Form1.want_focus("TxtAlert");
+    if (details.button == MouseButton::Right) console.Form1.want_focus("TxtAlert");
 }
 
 }  // namespace tessarine

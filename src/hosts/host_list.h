@@ -16,9 +16,9 @@ void add_host_row(ListControl& list, std::string_view name);
 /// Shows the number of rows in panel 4.
 void show_host_count(Console& console);
 
-/// A mouse button (1 left, 2 right) goes down on the list. This and the two below raise
+/// A mouse button goes down on the list. This and the two below raise
 /// "Overflow" for a list of more than 32,767 hosts.
-void press_on_host_list(Console& console, int button);
+void press_on_host_list(Console& console, const InputDetails& details);
 
 /// Takes the selected rows out of the list; nothing on disk is touched.
 void removehost(Console& console);

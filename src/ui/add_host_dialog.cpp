@@ -7,8 +7,8 @@
 #include <QVBoxLayout>
 
 #include "core/forms/add_host_form.h"
+#include "qt/qt_text.h"
 #include "ui/form_access.h"
-#include "ui/qt_text.h"
 #include "ui/status_bar_view.h"
 #include "ui/widgets.h"
 

@@ -6,8 +6,8 @@
 #include <QWidget>
 
 #include "core/controls.h"
+#include "qt/qt_text.h"
 #include "ui/chart_drawing.h"
-#include "ui/qt_text.h"
 
 namespace tessarine {
 

@@ -6,8 +6,8 @@
 #include <QLabel>
 #include <QToolTip>
 
+#include "qt/qt_text.h"
 #include "ui/chart_drawing.h"
-#include "ui/qt_text.h"
 #include "ui/widgets.h"
 
 namespace tessarine {

@@ -11,9 +11,9 @@
 #include <QRadioButton>
 #include <QTabBar>
 
+#include "qt/qt_text.h"
 #include "ui/form_access.h"
 #include "ui/list_view.h"
-#include "ui/qt_text.h"
 #include "ui/show_control.h"
 
 namespace tessarine {
@@ -28,10 +28,6 @@ void describe(QWidget& widget, const std::string& caption, const std::string& to
     if (!tool_tip.empty()) widget.setToolTip(to_qt(tool_tip));
     if (!widget.accessibleName().isEmpty()) return;
     widget.setAccessibleName(caption.empty() ? to_qt(tool_tip) : plain_caption(caption));
-}
-
-int number_of(Qt::MouseButton button) {
-    return button == Qt::RightButton ? 2 : button == Qt::LeftButton ? 1 : 0;
 }
 
 Date date_of(const QDate& day) {
@@ -89,8 +85,8 @@ bool ControlBinder::eventFilter(QObject* watched, QEvent* event) {
     const std::string name = watched->objectName().toStdString();
     if (event->type() == QEvent::FocusIn) raise(name, EventKind::GotFocus);
     if (event->type() == QEvent::MouseButtonPress) {
-        const int button = number_of(static_cast<QMouseEvent*>(event)->button());
-        raise(name, EventKind::MouseDown, {.button = button});
+        const auto* press = static_cast<QMouseEvent*>(event);
+        raise(name, EventKind::MouseDown, {.button = button_of(*press)});
     }
     return false;
 }
@@ -182,14 +178,16 @@ void ControlBinder::bind(std::string_view name, const ListControl& control, QWid
     auto* view = qobject_cast<ListView*>(&widget);
     if (view == nullptr) return;
     connect(view, &ListView::row_picked, this, [this, name] { raise(name, EventKind::Click); });
-    connect(view, &ListView::button_pressed, this, [this, name](int button, const QPoint& place) {
-        door_.set_menu_place(place);
-        raise(name, EventKind::MouseDown, {.button = button});
-    });
-    connect(view, &ListView::button_released, this, [this, name](int button, const QPoint& place) {
-        door_.set_menu_place(place);
-        raise(name, EventKind::MouseUp, {.button = button});
-    });
+    connect(view, &ListView::button_pressed, this,
+            [this, name](MouseButton button, const QPoint& place) {
+                door_.set_menu_place(place);
+                raise(name, EventKind::MouseDown, {.button = button});
+            });
+    connect(view, &ListView::button_released, this,
+            [this, name](MouseButton button, const QPoint& place) {
+                door_.set_menu_place(place);
+                raise(name, EventKind::MouseUp, {.button = button});
+            });
     connect(view, &ListView::row_opened, this,
             [this, name] { raise(name, EventKind::DoubleClick); });
     const bool sorts = leads_on(name, EventKind::ColumnClick);

@@ -1,6 +1,7 @@
 // The only way from the window into the console's routines.
 #pragma once
 
+#include <QMouseEvent>
 #include <QPoint>
 #include <span>
 #include <string_view>
@@ -8,6 +9,11 @@
 #include "core/control_events.h"
 
 namespace tessarine {
+
+inline MouseButton button_of(const QMouseEvent& event) {
+    if (event.button() == Qt::RightButton) return MouseButton::Right;
+    return event.button() == Qt::LeftButton ? MouseButton::Left : MouseButton::None;
+}
 
 /// Raises the events of controls. While it is held (the window only paints, in the midst of a
 /// routine) nothing gets through.

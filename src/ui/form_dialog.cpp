@@ -3,8 +3,8 @@
 #include <QCloseEvent>
 
 #include "core/run_event.h"
+#include "qt/qt_text.h"
 #include "ui/form_access.h"
-#include "ui/qt_text.h"
 
 namespace tessarine {
 

@@ -8,9 +8,9 @@
 #include <QVBoxLayout>
 
 #include "core/forms/graph_form.h"
+#include "qt/qt_text.h"
 #include "ui/chart_view.h"
 #include "ui/pictures.h"
-#include "ui/qt_text.h"
 #include "ui/widgets.h"
 
 namespace tessarine {

@@ -11,9 +11,9 @@
 #include <QVBoxLayout>
 
 #include "core/console_state.h"
+#include "qt/qt_text.h"
 #include "ui/list_view.h"
 #include "ui/pages.h"
-#include "ui/qt_text.h"
 #include "ui/widgets.h"
 #include "ui/window_keys.h"
 

@@ -6,8 +6,8 @@
 #include <QPalette>
 #include <algorithm>
 
+#include "qt/qt_text.h"
 #include "ui/pictures.h"
-#include "ui/qt_text.h"
 
 namespace tessarine {
 namespace {

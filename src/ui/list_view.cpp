@@ -9,8 +9,8 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "qt/qt_text.h"
 #include "ui/cell_delegate.h"
-#include "ui/qt_text.h"
 
 namespace tessarine {
 namespace {
@@ -20,10 +20,6 @@ constexpr int kLeastMessageWidth = 220;
 constexpr int kPictureWidth = 16;
 // What a type's text has beside it in its cell, picture and all.
 constexpr int kTypeMargin = 34;
-
-int number_of(Qt::MouseButton button) {
-    return button == Qt::RightButton ? 2 : button == Qt::LeftButton ? 1 : 0;
-}
 
 }  // namespace
 
@@ -105,14 +101,14 @@ void ListView::write_selection(const QItemSelection& selected, const QItemSelect
 void ListView::mousePressEvent(QMouseEvent* event) {
     QTableView::mousePressEvent(event);
     // What follows can open a menu and remove rows; it must come last.
-    emit button_pressed(number_of(event->button()), event->globalPosition().toPoint());
+    emit button_pressed(button_of(*event), event->globalPosition().toPoint());
 }
 
 void ListView::mouseReleaseEvent(QMouseEvent* event) {
     QTableView::mouseReleaseEvent(event);
     if (event->button() == Qt::LeftButton && indexAt(event->position().toPoint()).isValid())
         emit row_picked();
-    emit button_released(number_of(event->button()), event->globalPosition().toPoint());
+    emit button_released(button_of(*event), event->globalPosition().toPoint());
 }
 
 void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -126,8 +122,8 @@ void ListView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     if (event->reason() != QContextMenuEvent::Keyboard) return;
     const QPoint on_screen = place_of_current_row();
-    emit button_pressed(number_of(Qt::RightButton), on_screen);
-    emit button_released(number_of(Qt::RightButton), on_screen);
+    emit button_pressed(MouseButton::Right, on_screen);
+    emit button_released(MouseButton::Right, on_screen);
 }
 
 // What a click and a double click do, the keys do too.
@@ -146,7 +142,7 @@ void ListView::keyPressEvent(QKeyEvent* event) {
     if (!currentIndex().isValid()) return;
     if (currentIndex().row() == before && event->key() != Qt::Key_Space) return;
     emit row_picked();
-    emit button_released(number_of(Qt::LeftButton), place_of_current_row());
+    emit button_released(MouseButton::Left, place_of_current_row());
 }
 
 // Home and End go to rows, since whole rows are what is selected.

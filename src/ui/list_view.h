@@ -4,6 +4,7 @@
 #include <QTableView>
 
 #include "core/list/list_control.h"
+#include "ui/event_door.h"
 #include "ui/list_control_model.h"
 
 namespace tessarine {
@@ -31,8 +32,8 @@ class ListView : public QTableView {
     void share_width(int width);
 
   signals:
-    void button_pressed(int button, const QPoint& place);
-    void button_released(int button, const QPoint& place);
+    void button_pressed(MouseButton button, const QPoint& place);
+    void button_released(MouseButton button, const QPoint& place);
     void row_picked();
     void row_opened();
 

@@ -12,8 +12,8 @@
 
 #include "core/console_state.h"
 #include "core/menus.h"
+#include "qt/qt_text.h"
 #include "ui/mnemonics.h"
-#include "ui/qt_text.h"
 #include "ui/theme_icons.h"
 #include "ui/window_keys.h"
 

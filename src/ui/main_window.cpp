@@ -9,10 +9,10 @@
 
 #include "core/console_state.h"
 #include "core/run_event.h"
+#include "qt/qt_text.h"
 #include "ui/control_binder.h"
 #include "ui/host_column.h"
 #include "ui/main_menus.h"
-#include "ui/qt_text.h"
 #include "ui/record_column.h"
 #include "ui/show_control.h"
 #include "ui/status_bar_view.h"

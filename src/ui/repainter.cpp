@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "core/console_state.h"
-#include "ui/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace tessarine {
 namespace {

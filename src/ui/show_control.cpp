@@ -11,10 +11,10 @@
 #include <QSignalBlocker>
 #include <QTabBar>
 
+#include "qt/qt_text.h"
 #include "ui/chart_view.h"
 #include "ui/list_view.h"
 #include "ui/pictures.h"
-#include "ui/qt_text.h"
 #include "ui/status_bar_view.h"
 
 namespace tessarine {

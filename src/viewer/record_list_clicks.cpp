@@ -8,14 +8,8 @@
 #include "tables/row_fields.h"
 
 namespace tessarine {
-namespace {
-
-constexpr int kRightButton = 2;
-
-}  // namespace
-
 void release_on_events(Console& console, EventLog log, const InputDetails& details) {
-    if (details.button == kRightButton && table_of(console.Form1, log).count() > 0)
+    if (details.button == MouseButton::Right && table_of(console.Form1, log).count() > 0)
         console.platform.form_windows.pop_up_menu("popmeup2");
 }
 
@@ -37,7 +31,7 @@ void release_on_analysis(Console& console, EventLog log, const InputDetails& det
     std::string text = "Event Code: ";
     text.append(row.text()).append(", Event Source: ").append(row.sub_item(kSource));
     form.lblEventDetail.caption = text;
-    if (details.button != kRightButton) return;
+    if (details.button != MouseButton::Right) return;
     form.lblselectedTab2.caption = facts_of(log).analysis_word;
     console.platform.form_windows.pop_up_menu("popmeup3");
 }

@@ -180,7 +180,8 @@ TEST(Events, EachRunsItsRoutine) {
     for (const ControlEvent& event : control_events()) {
         BusyConsole console;
         const Lines before = console.seen();
-        console.rig.run([&](Console& at) { event.routine(at, {.button = 2, .column = 5}); });
+        console.rig.run(
+            [&](Console& at) { event.routine(at, {.button = MouseButton::Right, .column = 5}); });
         actual << "## " << event.form.name << " " << event.control << " "
                << kKinds.at(static_cast<std::size_t>(event.kind)) << "\n"
                << changes(before, console.seen());

@@ -15,17 +15,17 @@ namespace {
 using fakes::drawn;
 using fakes::Rig;
 
-void press(Rig& rig, int button) {
-    rig.run([button](Console& console) { press_on_host_list(console, button); });
+void press(Rig& rig, MouseButton button) {
+    rig.run([button](Console& console) { press_on_host_list(console, {.button = button}); });
 }
 
 TEST(HostList, MenuOpensByTheRightButtonOnAFilledList) {
     Rig rig;
-    press(rig, 2);
-    press(rig, 1);
+    press(rig, MouseButton::Right);
+    press(rig, MouseButton::Left);
     EXPECT_EQ(drawn(rig, "st1"), "\nst1: [List Empty. Enumerate or Load hosts][][][][]\n");
     rig.list_hosts({"PC1", "PC2", "PC3"});
-    press(rig, 1);
+    press(rig, MouseButton::Left);
     EXPECT_EQ(drawn(rig, "st1"), "\nst1: [][][][][]\n");
     EXPECT_TRUE(rig.windows.menus.empty());
 
@@ -33,7 +33,7 @@ TEST(HostList, MenuOpensByTheRightButtonOnAFilledList) {
         {{1, 3}, false}, {{2}, true}, {{1, 2, 3}, false}, {{}, true}};
     for (const auto& [rows, graph] : selections) {
         Rig::select(rig.console.Form1.ListView1, rows);
-        press(rig, 2);
+        press(rig, MouseButton::Right);
         EXPECT_EQ(rig.console.Form1.graphicalview.enabled, graph) << rows.size();
     }
     EXPECT_EQ(rig.windows.menus, std::vector<std::string>(4, "MyMenu"));
@@ -175,10 +175,11 @@ TEST(SelectedHostField, HandsTheFocusOn) {
     Rig rig;
     rig.run(enter_selected_host);
     EXPECT_EQ(rig.console.Form1.take_focus_wish(), "ListView1");
-    for (const int button : {1, 2})
+    for (const MouseButton button : {MouseButton::Left, MouseButton::Right})
         rig.run([button](Console& console) {
             press_on_selected_host(console, {.button = button});
-            EXPECT_EQ(console.Form1.take_focus_wish(), button == 2 ? "TxtAlert" : "");
+            EXPECT_EQ(console.Form1.take_focus_wish(),
+                      button == MouseButton::Right ? "TxtAlert" : "");
         });
 }
 

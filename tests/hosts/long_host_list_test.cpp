@@ -36,7 +36,9 @@ class LongHostList : public testing::Test {
 // KEEP(long-host-lists-fail)
 TEST_F(LongHostList, EndsTheConsoleWhereverItIsWalked) {
     const std::string overflow = "Run-time error '6':\r\n\r\nOverflow";
-    constexpr auto press = [](Console& console) { press_on_host_list(console, 1); };
+    constexpr auto press = [](Console& console) {
+        press_on_host_list(console, {.button = MouseButton::Left});
+    };
     rig.dialogs.answer_next(MessageAnswer::Yes);
     for (const auto walk : {+press, dellogs, fullaudit, custaudit, removehost})
         EXPECT_EQ(failure_of(walk), "");

@@ -95,6 +95,8 @@ class TidyTest(unittest.TestCase):
             ("src/adapters/wire/a.cpp", '"ui/window.h"'),
             ("src/adapters/wire/a.cpp", '"hosts/host_list.h"'),
             ("src/adapters/wire/a.cpp", '"adapters/other/a.h"'),
+            ("src/adapters/wire/a.cpp", '"qt/qt_text.h"'),
+            ("src/qt/a.h", '"platform/clock.h"'),
             ("src/ui/a.cpp", '"adapters/wire/pull.h"'),
             ("src/ui/a.cpp", '"app/events.h"'),
             ("src/ui/a.cpp", '"../adapters/wire/pull.h"'),
@@ -116,6 +118,8 @@ class TidyTest(unittest.TestCase):
             ("src/chrome/a.cpp", "report/html_page.h"),
             ("src/adapters/wsman/a.cpp", "adapters/wsman/records/event_items.h"),
             ("src/adapters/wsman/records/a.cpp", "adapters/wsman/soap/enumeration.h"),
+            ("src/adapters/qt/a.cpp", "qt/qt_text.h"),
+            ("src/ui/a.cpp", "qt/qt_text.h"),
         ):
             self.write(path, f'#include "{include}"\n')
         self.assertEqual(self.findings(check_includes), [])

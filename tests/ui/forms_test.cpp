@@ -14,9 +14,9 @@
 #include <utility>
 
 #include "core/menus.h"
+#include "qt/qt_text.h"
 #include "ui/form_access.h"
 #include "ui/list_view.h"
-#include "ui/qt_text.h"
 #include "ui/window_rig.h"
 
 namespace tessarine::fakes {

@@ -159,27 +159,28 @@ TEST(ListView, TellsButtonsAndPickedRows) {
     QSignalSpy pressed(&view, &ListView::button_pressed);
     QSignalSpy released(&view, &ListView::button_released);
     QSignalSpy picked(&view, &ListView::row_picked);
+    const auto next = [](QSignalSpy& spy) { return spy.takeFirst().at(0).value<MouseButton>(); };
 
     EXPECT_TRUE(list.row(1).selected()) << "the first row, before any click";
     QTest::keyClick(&view, Qt::Key_Space);
     EXPECT_EQ(picked.size(), 1);
-    EXPECT_EQ(released.takeFirst().at(0), 1);
+    EXPECT_EQ(next(released), MouseButton::Left);
     click_row(view, 0);
-    EXPECT_EQ(pressed.takeFirst().at(0), 1);
+    EXPECT_EQ(next(pressed), MouseButton::Left);
     EXPECT_EQ(picked.size(), 2);
     click_row(view, 1, Qt::RightButton);
-    EXPECT_EQ(pressed.takeFirst().at(0), 2);
-    EXPECT_EQ(released.takeFirst().at(0), 1);
-    EXPECT_EQ(released.takeFirst().at(0), 2);
+    EXPECT_EQ(next(pressed), MouseButton::Right);
+    EXPECT_EQ(next(released), MouseButton::Left);
+    EXPECT_EQ(next(released), MouseButton::Right);
     QTest::keyClick(&view, Qt::Key_Up);
     EXPECT_EQ(picked.size(), 3);
-    EXPECT_EQ(released.takeFirst().at(0), 1);
+    EXPECT_EQ(next(released), MouseButton::Left);
 
     // The menu key stands for the right button, pressed and released.
     QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(1, 1), QPoint(1, 1));
     QApplication::sendEvent(&view, &key);
-    EXPECT_EQ(pressed.takeFirst().at(0), 2);
-    EXPECT_EQ(released.takeFirst().at(0), 2);
+    EXPECT_EQ(next(pressed), MouseButton::Right);
+    EXPECT_EQ(next(released), MouseButton::Right);
 }
 
 TEST(ListView, OpensARowByDoubleClickAndByEnter) {

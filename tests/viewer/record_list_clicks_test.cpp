@@ -16,7 +16,7 @@ namespace {
 using fakes::Rig;
 using Handler = void (*)(Console&, EventLog, const InputDetails&);
 
-void release(Rig& rig, Handler handler, EventLog log, int button) {
+void release(Rig& rig, Handler handler, EventLog log, MouseButton button) {
     rig.run([&](Console& console) { handler(console, log, {.button = button}); });
 }
 
@@ -24,11 +24,11 @@ TEST(RecordListClicks, OpenTheMenuOnlyForARow) {
     for (const EventLog log : kEventLogs) {
         Rig rig;
         ListControl& table = table_of(rig.console.Form1, log);
-        release(rig, release_on_events, log, 2);
+        release(rig, release_on_events, log, MouseButton::Right);
         table.add_row("Error", 4);
-        release(rig, release_on_events, log, 1);
+        release(rig, release_on_events, log, MouseButton::Left);
         EXPECT_TRUE(rig.windows.menus.empty());
-        release(rig, release_on_events, log, 2);
+        release(rig, release_on_events, log, MouseButton::Right);
         EXPECT_EQ(rig.windows.menus, std::vector<std::string>{"popmeup2"});
     }
 }
@@ -61,18 +61,18 @@ TEST(AnalysisClicks, TellTheRowAndMarkTheTableForTheMenu) {
         Rig rig;
         ListControl& table = analysis_of(rig.console.Form1, log);
         rig.console.Form1.lblselectedTab2.caption = "before";
-        release(rig, release_on_analysis, log, 2);
+        release(rig, release_on_analysis, log, MouseButton::Right);
         EXPECT_TRUE(rig.windows.menus.empty());
         EXPECT_EQ(fakes::drawn(rig, "lblEventDetail lblselectedTab2"),
                   "\nlblEventDetail: \"--\"\nlblselectedTab2: \"before\"\n");
         table.add_row("7036", 0);
         for (const char* text : {"12", "Service Control Manager"}) table.row(1).add_sub_item(text);
         Rig::select(table, {1});
-        release(rig, release_on_analysis, log, 1);
+        release(rig, release_on_analysis, log, MouseButton::Left);
         EXPECT_EQ(fakes::drawn(rig, "lblEventDetail lblselectedTab2"),
                   "\nlblEventDetail: \"Event Code: 7036, Event Source: Service Control Manager\"\n"
                   "lblselectedTab2: \"before\"\n");
-        release(rig, release_on_analysis, log, 2);
+        release(rig, release_on_analysis, log, MouseButton::Right);
         EXPECT_EQ(rig.console.Form1.lblselectedTab2.caption, "list" + std::to_string(number++));
         EXPECT_EQ(rig.windows.menus, std::vector<std::string>{"popmeup3"});
         rig.run(lookupinquillard2);

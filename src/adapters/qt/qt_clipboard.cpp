@@ -5,8 +5,8 @@
 #include <QGuiApplication>
 #include <QImage>
 
-#include "adapters/qt/qt_text.h"
 #include "core/runtime_error.h"
+#include "qt/qt_text.h"
 
 namespace tessarine {
 
@@ -15,7 +15,7 @@ void QtClipboard::clear() {
 }
 
 void QtClipboard::set_text(const std::string& text) {
-    QGuiApplication::clipboard()->setText(text_to_qt(text));
+    QGuiApplication::clipboard()->setText(to_qt(text));
 }
 
 std::string QtClipboard::picture() {

@@ -7,7 +7,7 @@
 #include <QMessageBox>
 #include <utility>
 
-#include "adapters/qt/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace tessarine {
 namespace {
@@ -30,8 +30,8 @@ QMessageBox::Icon icon_of(MessageStyle style) {
 
 // As the chooser wants it: "Text File (*.txt)", with blanks between several patterns.
 QString filter_text(const FileFilter& filter) {
-    const QString caption = text_to_qt(filter.caption).section(QLatin1Char('('), 0, 0).trimmed();
-    QString pattern = text_to_qt(filter.pattern).replace(QLatin1Char(';'), QLatin1Char(' '));
+    const QString caption = to_qt(filter.caption).section(QLatin1Char('('), 0, 0).trimmed();
+    QString pattern = to_qt(filter.pattern).replace(QLatin1Char(';'), QLatin1Char(' '));
     // A name without a dot is a name too.
     if (pattern == QLatin1String("*.*")) pattern = QStringLiteral("*");
     return QStringLiteral("%1 (%2)").arg(caption, pattern);
@@ -39,7 +39,7 @@ QString filter_text(const FileFilter& filter) {
 
 QString existing_folder(const std::string& wanted, const std::string& last) {
     for (const std::string& folder : {wanted, last})
-        if (!folder.empty() && QDir(text_to_qt(folder)).exists()) return text_to_qt(folder);
+        if (!folder.empty() && QDir(to_qt(folder)).exists()) return to_qt(folder);
     return QDir::homePath();
 }
 
@@ -55,7 +55,7 @@ MessageAnswer QtDialogs::message_box(const std::string& text, MessageStyle style
     if (before_showing_) before_showing_();
     const bool question = style == MessageStyle::YesNoQuestion;
     QMessageBox box(icon_of(style), QStringLiteral("Tessarine"),
-                    text_to_qt(text).replace(QLatin1String("\r\n"), QLatin1String("\n")),
+                    to_qt(text).replace(QLatin1String("\r\n"), QLatin1String("\n")),
                     question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok,
                     parent_of_dialogs());
     box.setTextFormat(Qt::PlainText);
@@ -69,7 +69,7 @@ std::string QtDialogs::choose_file(FilePurpose purpose, const std::string& start
                                    const std::vector<FileFilter>& filters,
                                    const std::string& title) {
     if (before_showing_) before_showing_();
-    const QString caption = title.empty() ? QObject::tr("Choose a File") : text_to_qt(title);
+    const QString caption = title.empty() ? QObject::tr("Choose a File") : to_qt(title);
     QFileDialog chooser(parent_of_dialogs(), caption, existing_folder(start_folder, last_folder_));
     const bool saves = purpose == FilePurpose::Save;
     chooser.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -87,7 +87,7 @@ std::string QtDialogs::ask_save_name(const std::string& proposed_name) {
     QFileDialog chooser(parent_of_dialogs(), QObject::tr("Save As"),
                         existing_folder({}, last_folder_));
     chooser.setAcceptMode(QFileDialog::AcceptSave);
-    chooser.selectFile(text_to_qt(proposed_name));
+    chooser.selectFile(to_qt(proposed_name));
     return path_chosen_in(chooser);
 }
 
@@ -96,10 +96,10 @@ std::string QtDialogs::path_chosen_in(QFileDialog& chooser) {
     if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty()) return {};
     const QString path = chooser.selectedFiles().constFirst();
     if (survives_code_page(path)) {
-        last_folder_ = text_from_qt(QFileInfo(path).path());
-        return text_from_qt(path);
+        last_folder_ = from_qt(QFileInfo(path).path());
+        return from_qt(path);
     }
-    message_box("The path " + text_from_qt(path) +
+    message_box("The path " + from_qt(path) +
                     " holds characters that Tessarine can't keep (shown as \"?\"). Choose a file "
                     "whose path has Western European characters alone.",
                 MessageStyle::Critical);

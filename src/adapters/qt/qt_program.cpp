@@ -6,8 +6,8 @@
 #include <QDir>
 #include <QFile>
 
-#include "adapters/qt/qt_text.h"
 #include "core/runtime_error.h"
+#include "qt/qt_text.h"
 
 namespace tessarine {
 namespace {
@@ -30,7 +30,7 @@ bool make_folders(const QString& path) {
 
 QtProgram::QtProgram() {
     const QString folder = data_home() + QStringLiteral("/tessarine");
-    folder_ = text_from_qt(folder);
+    folder_ = from_qt(folder);
     if (!survives_code_page(folder))
         throw RuntimeError(ErrorNumber::BadFileName,
                            "The data folder " + folder_ +

@@ -8,7 +8,7 @@
 #include <QSysInfo>
 #include <QUrl>
 
-#include "adapters/qt/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace tessarine {
 namespace {
@@ -34,7 +34,7 @@ QString manual_page() {
 }  // namespace
 
 void QtShell::open(const std::string& target) {
-    QString wanted = text_to_qt(target);
+    QString wanted = to_qt(target);
     if (is_address(wanted)) {
         QDesktopServices::openUrl(QUrl(wanted, QUrl::TolerantMode));
         return;
@@ -50,7 +50,7 @@ bool QtShell::has_program_for(const std::string& path) {
     // when they open a file that they don't know.
     if (QSysInfo::kernelType() != QLatin1String("linux")) return true;
     const QMimeType type =
-        QMimeDatabase().mimeTypeForFile(text_to_qt(path), QMimeDatabase::MatchExtension);
+        QMimeDatabase().mimeTypeForFile(to_qt(path), QMimeDatabase::MatchExtension);
     QProcess question;
     question.start(QStringLiteral("xdg-mime"),
                    {QStringLiteral("query"), QStringLiteral("default"), type.name()},

@@ -11,7 +11,7 @@
 #include <string>
 #include <utility>
 
-#include "adapters/qt/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace tessarine {
 namespace {
@@ -38,7 +38,7 @@ void SocketProbe::connect(const std::string& host, int port, Events events) {
     close();
     events_ = std::move(events);
     port_ = port;
-    look_up_ = QHostInfo::lookupHost(text_to_qt(host), this,
+    look_up_ = QHostInfo::lookupHost(to_qt(host), this,
                                      [this](const QHostInfo& found) { looked_up(found); });
 }
 
