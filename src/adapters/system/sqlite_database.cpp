@@ -2,6 +2,9 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
+
+#include "adapters/system/system_error.h"
 #include "core/code_page.h"
 
 namespace tessarine {
@@ -17,9 +20,9 @@ constexpr int kPrimaryCode = 0xFF;    // the bits of a result code that tell its
             throw DamagedDatabase(ErrorNumber::InputOutput, from_utf8(words));
         case SQLITE_PERM:
         case SQLITE_READONLY:
-            throw RuntimeError(ErrorNumber::PermissionDenied, "Permission denied");
+            raise_system_error(EACCES);
         case SQLITE_FULL:
-            throw RuntimeError(ErrorNumber::DiskFull, "Disk full");
+            raise_system_error(ENOSPC);
         default:
             throw RuntimeError(ErrorNumber::Failed, from_utf8(words));
     }
