@@ -8,7 +8,7 @@
 #include "core/code_page.h"
 #include "core/scramble.h"
 #include "core/settings_store.h"
-#include "sample_network/hosts/user_list.h"
+#include "sample_network/wire/user_list.h"
 
 namespace tessarine::sample {
 namespace {

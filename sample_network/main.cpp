@@ -7,13 +7,14 @@
 #include <iostream>
 
 #include "adapters/system/freed_memory.h"
+#include "sample_network/built_in_hosts.h"
 #include "sample_network/command.h"
 #include "sample_network/desk.h"
 #include "sample_network/faults/fault_hosts.h"
-#include "sample_network/hosts/user_list.h"
 #include "sample_network/options.h"
 #include "sample_network/private_network.h"
 #include "sample_network/sample_network.h"
+#include "sample_network/wire/user_list.h"
 #include "sample_network/wrapped_network.h"
 
 namespace tessarine::sample {

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "sample_network/wire/tcp_socket.h"
-#include "sample_network/wire/wsman_connection.h"
+#include "sample_network/wsman_connection.h"
 
 namespace tessarine::sample {
 namespace {

@@ -61,8 +61,8 @@ void plan_fault(std::vector<SampleHost>& hosts, std::string_view text) {
 
 void add_faulty_hosts(std::vector<SampleHost>& hosts, Instant newest) {
     for (const Fault& fault : all_faults()) {
-        hosts.push_back(
-            usual_host(host_name(fault), std::string(fault.description), kRecords, newest));
+        hosts.push_back(generated_host(host_name(fault), std::string(fault.description),
+                                       usual_logs(kRecords), newest));
         plan_fault(hosts.back(), fault);
     }
     give_addresses(hosts);

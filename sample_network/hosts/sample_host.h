@@ -11,27 +11,9 @@
 #include "sample_network/hosts/generated_events.h"
 #include "sample_network/hosts/moment.h"
 #include "sample_network/hosts/sample_event.h"
+#include "sample_network/hosts/time_zone.h"
 
 namespace tessarine::sample {
-
-/// When a clock changes: the `week`-th `day_of_week` (0 is Sunday, week 5 is the last one) of
-/// `month`, at `hour` of the time before the change. Month 0: never.
-struct ClockChange {
-    int month = 0;
-    int week = 0;
-    int day_of_week = 0;
-    int hour = 0;
-};
-
-/// As a Win32_TimeZone tells it: local time is UTC plus `bias` minutes, and in the daylight time
-/// minus `daylight_bias` minutes more.
-struct TimeZone {
-    std::string name = "UTC";
-    int bias = 0;
-    int daylight_bias = 0;
-    ClockChange to_standard;
-    ClockChange to_daylight;
-};
 
 /// Which of the ports answer, and how the management service does. A host that is down swallows
 /// what is sent to it.
@@ -71,16 +53,17 @@ struct SampleHost {
     std::function<void(Moment)> on_step;
 };
 
-/// The built-in hosts, their newest records at `newest`; the large one has `large_count` records.
-std::vector<SampleHost> built_in_hosts(Instant newest, std::uint32_t large_count);
-
 /// One host for each file `folder`/hosts/NAME.jsonl, by name. Raises a std::runtime_error when
 /// there is none, too many, or one that can't be read.
 std::vector<SampleHost> hosts_from_files(const std::filesystem::path& folder);
 
-/// An English host with `count` records in the usual proportions, and no address yet.
-SampleHost usual_host(const std::string& name, const std::string& description, std::uint32_t count,
-                      Instant newest);
+/// The shares that the logs of a host usually have in `count` records.
+std::vector<LogShare> usual_logs(std::uint32_t count);
+
+/// A host with made-up records and no address yet, its clock in London.
+SampleHost generated_host(const std::string& name, const std::string& description,
+                          std::vector<LogShare> logs, Instant newest,
+                          Language language = Language::English);
 
 /// Gives each host an address of its own, by its place in the list.
 void give_addresses(std::vector<SampleHost>& hosts);

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "sample_network/hosts/sample_event.h"
-#include "sample_network/hosts/sample_host.h"
+#include "sample_network/hosts/time_zone.h"
 
 namespace tessarine::sample {
 

@@ -7,8 +7,8 @@
 
 #include "adapters/wsman/wsman_event_source.h"
 #include "fakes/scripted_hosts.h"
-#include "sample_network/hosts/user_list.h"
 #include "sample_network/sample_network.h"
+#include "sample_network/wire/user_list.h"
 
 namespace tessarine::contract {
 

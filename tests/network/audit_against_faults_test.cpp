@@ -28,7 +28,7 @@ constexpr std::array kLogs = {"system", "application", "security"};
 using Steps = std::array<std::atomic<int>, sample::kMoments>;
 
 SampleHost host_with(std::string_view fault, Steps* steps = nullptr) {
-    SampleHost host = sample::usual_host("PC1", "", kRecords, kNewest);
+    SampleHost host = sample::generated_host("PC1", "", sample::usual_logs(kRecords), kNewest);
     if (!fault.empty()) sample::plan_fault(host, *sample::find_fault(fault));
     if (host.fault) host.fault->wait = std::min(host.fault->wait, std::chrono::milliseconds(200));
     host.address = "127.0.0.11";

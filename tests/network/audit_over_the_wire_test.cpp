@@ -7,6 +7,7 @@
 #include <string>
 
 #include "network/wire_rig.h"
+#include "sample_network/built_in_hosts.h"
 #include "sample_network/hosts/event_files.h"
 
 namespace tessarine {

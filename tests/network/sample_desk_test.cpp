@@ -6,9 +6,10 @@
 #include "adapters/system/sqlite_settings.h"
 #include "core/scramble.h"
 #include "core/settings_store.h"
+#include "sample_network/built_in_hosts.h"
 #include "sample_network/desk.h"
-#include "sample_network/hosts/user_list.h"
 #include "sample_network/scratch_file.h"
+#include "sample_network/wire/user_list.h"
 
 namespace tessarine::sample {
 namespace {

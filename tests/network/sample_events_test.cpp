@@ -6,6 +6,7 @@
 #include <set>
 #include <sstream>
 
+#include "sample_network/built_in_hosts.h"
 #include "sample_network/hosts/event_files.h"
 #include "sample_network/hosts/generated_events.h"
 #include "sample_network/hosts/sample_host.h"

@@ -7,10 +7,11 @@
 
 #include "adapters/wsman/sealed_channel.h"
 #include "core/runtime_error.h"
-#include "sample_network/hosts/user_list.h"
+#include "sample_network/built_in_hosts.h"
 #include "sample_network/sample_network.h"
 #include "sample_network/wire/negotiate_acceptor.h"
 #include "sample_network/wire/tcp_socket.h"
+#include "sample_network/wire/user_list.h"
 #include "tests/network/sample_requests.h"
 
 namespace tessarine::sample {

@@ -1,11 +1,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "sample_network/built_in_hosts.h"
 #include "sample_network/faults/fault_hosts.h"
 #include "sample_network/hosts/event_files.h"
 #include "sample_network/wire/item_text.h"
 #include "sample_network/wire/soap_text.h"
-#include "sample_network/wire/wsman_session.h"
+#include "sample_network/wsman_session.h"
 #include "tests/network/sample_requests.h"
 
 namespace tessarine::sample {

@@ -6,9 +6,9 @@
 #include "adapters/wsman/sign_in/channel_binding.h"
 #include "adapters/wsman/sign_in/negotiation.h"
 #include "core/runtime_error.h"
-#include "sample_network/hosts/user_list.h"
 #include "sample_network/wire/certificate_authority.h"
 #include "sample_network/wire/negotiate_acceptor.h"
+#include "sample_network/wire/user_list.h"
 
 namespace tessarine::sample {
 namespace {

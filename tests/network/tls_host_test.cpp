@@ -7,10 +7,11 @@
 
 #include "adapters/wsman/wsman_event_source.h"
 #include "core/runtime_error.h"
-#include "sample_network/hosts/user_list.h"
+#include "sample_network/built_in_hosts.h"
 #include "sample_network/sample_network.h"
 #include "sample_network/scratch_file.h"
 #include "sample_network/wire/tcp_socket.h"
+#include "sample_network/wire/user_list.h"
 
 namespace tessarine::sample {
 namespace {

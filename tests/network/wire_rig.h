@@ -15,8 +15,8 @@
 #include "audit/audit_host.h"
 #include "core/console_state.h"
 #include "fakes/rig.h"
-#include "sample_network/hosts/user_list.h"
 #include "sample_network/sample_network.h"
+#include "sample_network/wire/user_list.h"
 
 namespace tessarine {
 

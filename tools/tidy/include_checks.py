@@ -15,9 +15,12 @@ LOGIC_FLOORS = (
     ("schedule",),
     ("chrome",),
 )
-# The rooms of the way to the hosts, with the files that join them on top.
-_WSMAN = ["adapters", "wsman"]
-WSMAN_FLOORS = (("basics",), ("sign_in", "http"), ("soap",), ("records",))
+# Houses of several rooms, with the files that join these on top: the way to the hosts, and the
+# simulated hosts.
+_ROOMS = {
+    ("adapters", "wsman"): (("basics",), ("sign_in", "http"), ("soap",), ("records",)),
+    ("sample_network",): (("hosts",), ("wire",), ("faults",)),
+}
 LOGIC = tuple(folder for floor in LOGIC_FLOORS for folder in floor)
 
 
@@ -52,6 +55,19 @@ def check_includes(tree):
             problem = _problem_of(path, layer, opening, name)
             if problem:
                 yield Finding(path, line, "include", problem)
+    for path in tree.cpp_files("sample_network"):
+        for line, _, name in tree.cpp(path).includes:
+            if _fits_rooms(path.split("/")[:-1], name.split("/")[:-1]) is False:
+                yield Finding(path, line, "include", f"{path} may not include {name}")
+
+
+def _fits_rooms(own, folders):
+    """Whether one room of a house may include from another; None when they share no house."""
+    for house, floors in _ROOMS.items():
+        if tuple(own[: len(house)]) == tuple(folders[: len(house)]) == house:
+            room, other = "/".join(own[len(house):]), "/".join(folders[len(house):])
+            return other == room or other in _below(floors, room)
+    return None
 
 
 def _problem_of(path, layer, opening, name):
@@ -66,10 +82,8 @@ def _problem_of(path, layer, opening, name):
         return None if moc else f'write "{name}" with its folders, from src/ on'
     # One adapter must not lean on another: each stands for one library.
     own = path.split("/")[1:-1] if layer == "adapters" else [layer]
-    if own[:2] == _WSMAN and folders[:2] == _WSMAN:
-        room, other = "/".join(own[2:]), "/".join(folders[2:])
-        fits = other == room or other in _below(WSMAN_FLOORS, room)
-    else:
+    fits = _fits_rooms(own, folders)
+    if fits is None:
         fits = folders[: len(own)] == own or folders[0] in _MAY_INCLUDE[layer]
         fits = fits or (own == _QT_ADAPTERS and folders == ["qt"])
     return None if fits else f"{'/'.join(own)}/ may not include {name}"

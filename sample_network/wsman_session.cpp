@@ -1,4 +1,4 @@
-#include "sample_network/wire/wsman_session.h"
+#include "sample_network/wsman_session.h"
 
 #include <strings.h>
 

@@ -1,4 +1,4 @@
-#include "sample_network/hosts/user_list.h"
+#include "sample_network/wire/user_list.h"
 
 #include <sys/mman.h>
 #include <sys/stat.h>

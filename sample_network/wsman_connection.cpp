@@ -1,4 +1,4 @@
-#include "sample_network/wire/wsman_connection.h"
+#include "sample_network/wsman_connection.h"
 
 #include <strings.h>
 
@@ -6,11 +6,11 @@
 #include "adapters/wsman/sign_in/encrypted_message.h"
 #include "adapters/wsman/sign_in/security_seal.h"
 #include "core/runtime_error.h"
-#include "sample_network/hosts/user_list.h"
 #include "sample_network/wire/http_exchange.h"
 #include "sample_network/wire/negotiate_acceptor.h"
 #include "sample_network/wire/signed_in_user.h"
-#include "sample_network/wire/wsman_session.h"
+#include "sample_network/wire/user_list.h"
+#include "sample_network/wsman_session.h"
 
 namespace tessarine::sample {
 namespace {
