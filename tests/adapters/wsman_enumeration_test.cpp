@@ -112,8 +112,15 @@ TEST(Enumeration, AsksNothingMoreWhenItCouldNotBegin) {
 TEST(Enumeration, TakesNoAnswerToAnotherRequest) {
     ScriptedChannel channel({first_answer("A")});
     channel.other_id = "uuid:of-another";
-    EXPECT_THAT(query(channel),
-                ElementsAre("refused: The host's answer belongs to another request"));
+    const char* const words = "refused: The host's answer belongs to another request";
+    EXPECT_THAT(query(channel), ElementsAre(words));
+    ScriptedChannel silent_about_it({first_answer("A")});
+    silent_about_it.relates = false;
+    EXPECT_THAT(query(silent_about_it), ElementsAre(words));
+    // What the host could not read it can't relate to.
+    ScriptedChannel fault_alone({fault(5, "Access is denied.")});
+    fault_alone.relates = false;
+    EXPECT_THAT(query(fault_alone), ElementsAre("refused: Access is denied."));
 }
 
 TEST(Enumeration, GivesUpAHostThatNeverEnds) {

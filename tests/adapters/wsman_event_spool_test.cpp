@@ -50,6 +50,10 @@ TEST(EventSpool, KeepsNoMoreThanItMay) {
     EventSpool spool("", 2 * record.size());
     spool.append(record + record);
     EXPECT_THROW(spool.append(record), RuntimeError);
+    // Half of what is free stays free.
+    EventSpool on_full_disk("", kPlenty, 2 * record.size() + 1);
+    on_full_disk.append(record);
+    EXPECT_THROW(on_full_disk.append("x"), RuntimeError);
 }
 
 TEST(EventSpool, HasNoNameAndTellsOfAFolderThatIsMissing) {

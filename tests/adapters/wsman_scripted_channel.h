@@ -48,10 +48,8 @@ class ScriptedChannel final : public SoapChannel {
         return "<s:Envelope xmlns:s=\"http://www.w3.org/2003/05/soap-envelope\""
                " xmlns:a=\"http://schemas.xmlsoap.org/ws/2004/08/addressing\""
                " xmlns:n=\"http://schemas.xmlsoap.org/ws/2004/09/enumeration\""
-               " xmlns:f=\"http://schemas.microsoft.com/wbem/wsman/1/wsmanfault\"><s:Header>"
-               "<a:RelatesTo>" +
-               related_id_ + "</a:RelatesTo></s:Header><s:Body>" + last_ +
-               "</s:Body></s:Envelope>\r\n";
+               " xmlns:f=\"http://schemas.microsoft.com/wbem/wsman/1/wsmanfault\"><s:Header>" +
+               related_to_ + "</s:Header><s:Body>" + last_ + "</s:Body></s:Envelope>\r\n";
     }
 
     void send_parting(std::string_view soap) override {
@@ -63,7 +61,8 @@ class ScriptedChannel final : public SoapChannel {
 
     /// The last part of each action, and the context where there is one.
     std::vector<std::string> calls;
-    std::string other_id;
+    std::string other_id;  ///< what the answers relate to; empty for the request
+    bool relates = true;   ///< whether they say so at all
     std::vector<std::string> filters;
 
   private:
@@ -72,7 +71,8 @@ class ScriptedChannel final : public SoapChannel {
         const std::string action = request.text_of("Action");
         const std::string call = action.substr(action.rfind('/') + 1);
         if (call == "Enumerate") filters.push_back(request.text_of("Filter"));
-        related_id_ = other_id.empty() ? request.text_of("MessageID") : other_id;
+        const std::string id = other_id.empty() ? request.text_of("MessageID") : other_id;
+        related_to_ = relates ? "<a:RelatesTo>" + id + "</a:RelatesTo>" : "";
         calls.push_back(call == "Enumerate" ? call
                                             : call + " " + request.text_of("EnumerationContext"));
         return call;
@@ -80,7 +80,7 @@ class ScriptedChannel final : public SoapChannel {
 
     std::deque<std::string> bodies_;
     std::string last_;
-    std::string related_id_;
+    std::string related_to_;
     bool usable_ = true;
 };
 

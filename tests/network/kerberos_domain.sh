@@ -123,6 +123,7 @@ test_who_gets_in() {
     gets 1764 BERLIN01 auditor kdc_asked
 }
 
+all_tests_passed() { [[ $result == *"[  PASSED  ] 4 tests."* ]]; }
 was_tried_once() { [ "$(grep -c PREAUTH_FAILED "$scratch/kdc.log")" = 1 ]; }
 
 test_who_is_refused() {
@@ -141,6 +142,12 @@ test_who_is_refused() {
     take_ticket keeper -l 1s
     sleep 1.5
     is_told WEBSRV02 running-user "The Kerberos ticket has expired"
+}
+
+test_seal() {
+    take_ticket keeper
+    result=$(KRB5_KTNAME=$keytab "$bin/adapter_tests" --gtest_filter='KerberosSeal.*' 2>&1) || true
+    check "a message that is changed, repeated, swapped or not encrypted is refused" all_tests_passed
 }
 
 test_clocks() {
@@ -164,6 +171,7 @@ in_network() {
     start_kdc
     test_who_gets_in
     test_who_is_refused
+    test_seal
     if can_change_clocks; then test_clocks; fi
     test_without_kdc
 }

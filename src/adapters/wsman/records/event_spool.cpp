@@ -13,8 +13,10 @@ constexpr std::size_t kReadSize = std::size_t{256} * 1024;
 
 }  // namespace
 
-EventSpool::EventSpool(const std::string& folder, std::uint64_t most_bytes)
-    : file_(folder), most_bytes_(std::min(most_bytes, file_.free_space() / 2)) {}
+EventSpool::EventSpool(const std::string& folder, std::uint64_t most_bytes,
+                       std::optional<std::uint64_t> free_space)
+    : file_(folder),
+      most_bytes_(std::min(most_bytes, free_space.value_or(file_.free_space()) / 2)) {}
 
 void EventSpool::append(std::string_view records) {
     if (records.size() > most_bytes_ - file_.size())

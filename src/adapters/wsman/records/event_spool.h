@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,8 +15,9 @@ namespace tessarine {
 class EventSpool {
   public:
     /// `folder` as TemporaryFile takes it. Keeps up to `most_bytes`, and no more than half of what
-    /// is free in the folder now.
-    EventSpool(const std::string& folder, std::uint64_t most_bytes);
+    /// `free_space`, by default what is free in the folder now.
+    EventSpool(const std::string& folder, std::uint64_t most_bytes,
+               std::optional<std::uint64_t> free_space = std::nullopt);
 
     /// Adds records, as append_event makes them, after the last. Raises a RuntimeError when they
     /// are too many or the disk is full.
