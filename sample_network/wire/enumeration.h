@@ -15,7 +15,7 @@ namespace tessarine::sample {
 struct Page {
     std::string items;
     std::size_t count = 0;
-    /// Nothing is left behind this page.
+    /// Nothing is left after this page.
     bool last = false;
 };
 

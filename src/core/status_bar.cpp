@@ -18,7 +18,7 @@ std::string StatusBar::text(int panel) const {
     if (!shown.counting) return shown.text;
     std::string text(shown.count.before);
     text += std::to_string(shown.count.number);
-    text += shown.count.behind;
+    text += shown.count.after;
     if (shown.count.total >= 0) text += std::to_string(shown.count.total);
     return text;
 }

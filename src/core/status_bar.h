@@ -23,7 +23,7 @@ class RepaintHook {
 struct CountText {
     std::string_view before;
     std::int64_t number = 0;
-    std::string_view behind = {};
+    std::string_view after = {};
     std::int64_t total = -1;  ///< a second number at the end; none below 0
 };
 

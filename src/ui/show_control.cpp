@@ -35,7 +35,7 @@ void show_tab(QTabBar& bar, int index, const Tab& tab) {
     bar.setTabIcon(index, tab.image == 0 ? QIcon() : tab_picture(tab.image));
 }
 
-// A page's text with a line end after every so many characters without one, behind a blank where
+// A page's text with a line end after every so many characters without one, after a blank where
 // there is any: Qt takes minutes over a paragraph of a megabyte.
 QString page_text(const QString& text) {
     constexpr qsizetype kLongestParagraph = 4096;

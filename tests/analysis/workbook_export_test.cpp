@@ -128,7 +128,7 @@ TEST_F(WorkbookExport, AFailureEndsTheConsole) {
 }
 
 // KEEP(long-tables-fail-to-export)
-TEST_F(WorkbookExport, OfMoreThan32767RowsFailsBehindThePictureOfItsSheet) {
+TEST_F(WorkbookExport, OfMoreThan32767RowsFailsAfterThePictureOfItsSheet) {
     add_rows(form.ListView2, 32'767);
     export_analysis();
     EXPECT_EQ(rig.workbooks.written.size(), 3U);

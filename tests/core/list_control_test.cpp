@@ -215,7 +215,7 @@ TEST(ListControl, KnowsWhetherItsRowsStandInTheOrder) {
     EXPECT_FALSE(list.in_order());
 }
 
-// Texts that part before, at and behind the eighth character, NULs among them, against
+// Texts that part before, at and after the eighth character, NULs among them, against
 // compare_text.
 TEST(ListControl, SortsAsTheComparisonSays) {
     std::mt19937 random(7);

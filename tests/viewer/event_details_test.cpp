@@ -133,7 +133,7 @@ TEST_F(EventDetails, ForgiveAShortRecordInTheApplicationLogAlone) {
 }
 
 // KEEP(details-stop-at-row-32767)
-TEST_F(EventDetails, EndTheConsoleBehindRow32767) {
+TEST_F(EventDetails, EndTheConsoleAfterRow32767) {
     for (int i = 0; i < 32'768; ++i) add(form.SecurityList, "audit success|d|t|s|1|u|c|m");
     open(EventLog::Security, 32'767, [](Console& console) {
         EXPECT_EQ(console.Form2->position, 32'767);

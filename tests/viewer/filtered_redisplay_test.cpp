@@ -136,7 +136,7 @@ st1: [][][Total: 2 events    Ignored:0    Highlighted:1][][]
 }
 
 // KEEP(redisplay-fills-a-sorted-table)
-TEST_F(FilteredRedisplay, PutsFieldsBehindTheLastRowOfASortedTable) {
+TEST_F(FilteredRedisplay, PutsFieldsAfterTheLastRowOfASortedTable) {
     put("system", "error|d|t|s|2|u|c|m\r\nwarning|d|t|s|1|u|c|m\r\n");
     form.SystemList.sort_by(4, SortOrder::Ascending);
     EXPECT_EQ(after_click(EventLog::System, "SystemList"), R"(

@@ -19,7 +19,7 @@ int layer(const QWidget* window) {
     return window->isModal() ? 1 : 0;
 }
 
-// The main window first, what lies over it behind.
+// The main window first, what lies over it after that.
 QWidgetList open_windows() {
     QWidgetList windows;
     for (QWidget* window : QApplication::topLevelWidgets())

@@ -59,7 +59,7 @@ void User::pick(QWidget& open, const QString& entry) {
 void User::click(const QString& name) const {
     auto& widget = find(name);
     check(widget.isEnabled() && widget.isVisible(), name + " can't be clicked");
-    // A box is clicked where its mark is, not in the empty space behind its caption.
+    // A box is clicked where its mark is, not in the empty space after its caption.
     const QPoint place(qobject_cast<QPushButton*>(&widget) != nullptr ? widget.width() / 2 : 10,
                        widget.height() / 2);
     QTest::mouseClick(&widget, Qt::LeftButton, {}, place);

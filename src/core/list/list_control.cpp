@@ -123,7 +123,7 @@ RowOrder::RowNumber ListControl::number_at(int position) const {
     return order_.at(static_cast<std::size_t>(position - 1));
 }
 
-// The text of a cell; empty behind the row's last one.
+// The text of a cell; empty after the row's last one.
 std::string_view ListControl::cell(RowOrder::RowNumber row, int column) const {
     const CompactRow& compact = rows_[row];
     if (compact.own_row != CompactRow::kNoOwnRow) {

@@ -21,7 +21,7 @@ struct ListColumn {
 };
 
 /// One line of a file with up to eight fields that is to become a row: field i ends at `ends[i]`,
-/// counted from the start of the line, and the next one begins one character behind that.
+/// counted from the start of the line, and the next one begins one character after that.
 struct RecordText {
     static constexpr int kFields = 8;
     std::string_view line;

@@ -30,11 +30,11 @@ std::size_t RowOrder::insert_sorted(RowNumber row, const Before& before) {
     write_out();
     if (chunks_.empty()) chunks_.emplace_back();
     // The last chunk whose first row may stand before the new one.
-    auto behind = std::upper_bound(
+    auto after = std::upper_bound(
         chunks_.begin(), chunks_.end(), row,
         [&](RowNumber added, const Chunk& c) { return !c.empty() && before(added, c.front()); });
     const auto index =
-        static_cast<std::size_t>(behind == chunks_.begin() ? 0 : behind - chunks_.begin() - 1);
+        static_cast<std::size_t>(after == chunks_.begin() ? 0 : after - chunks_.begin() - 1);
     Chunk& chunk = chunks_[index];
     const auto offset = static_cast<std::size_t>(
         std::upper_bound(chunk.begin(), chunk.end(), row, before) - chunk.begin());
@@ -88,8 +88,8 @@ RowOrder::Place RowOrder::place_of(std::size_t position) const {
     if (starts_.empty()) starts_.push_back(0);
     while (starts_.size() < chunks_.size() && starts_.back() <= position)
         starts_.push_back(starts_.back() + chunks_[starts_.size() - 1].size());
-    const auto behind = std::upper_bound(starts_.begin(), starts_.end(), position);
-    const auto chunk = static_cast<std::size_t>(behind - starts_.begin() - 1);
+    const auto after = std::upper_bound(starts_.begin(), starts_.end(), position);
+    const auto chunk = static_cast<std::size_t>(after - starts_.begin() - 1);
     return {chunk, position - starts_[chunk]};
 }
 

@@ -23,7 +23,7 @@ class RowOrder {
 
     void clear();
     void append(RowNumber row);
-    /// Puts `row` behind all rows that need not stand behind it; returns its position. The rows
+    /// Puts `row` after all rows that need not follow it; returns its position. The rows
     /// must be in the order that `before` tells.
     std::size_t insert_sorted(RowNumber row, const Before& before);
     void remove(std::size_t position);

@@ -33,7 +33,7 @@ class TextArena {
 
     std::pmr::memory_resource* memory_;
     std::vector<Block> blocks_;
-    std::size_t open_ = 0;  // number of the block in use; the ones behind it are empty
+    std::size_t open_ = 0;  // number of the block in use; the ones after it are empty
     std::size_t used_ = 0;  // bytes in use of the open block
 };
 
