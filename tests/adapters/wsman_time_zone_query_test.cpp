@@ -86,12 +86,6 @@ TEST(TimeZoneQuery, StaysWithUtcWhereTheHostTellsNone) {
         EXPECT_EQ(offsets_of_zone(properties), "0 0") << properties;
 }
 
-TEST(TimeZoneQuery, TakesNoAnswerToAnotherRequest) {
-    ScriptedChannel channel({answer("", zone(kBias), kEnd)});
-    channel.other_id = "uuid:of-another";
-    EXPECT_EQ(offsets(channel), "0 0");
-}
-
 TEST(TimeZoneQuery, FailsWhenTheConnectionIsLost) {
     EXPECT_EQ(offsets({""}), "failed: lost");
     EXPECT_EQ(offsets({first_answer("A"), ""}), "failed: lost");

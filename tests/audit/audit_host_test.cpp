@@ -280,9 +280,12 @@ TEST(EventQuery, ReadsTheTickFromTheDialogWhoeverAsks) {
     EXPECT_EQ(event_query(rig.console, "11/30/2004"),
               "Select * from Win32_NTLogEvent Where TimeWritten >= '20041130000000.000000+060' "
               "and TimeWritten < '20041201000000.000000+060'");
-    rig.clock.minutes_ahead = -570;
-    EXPECT_NE(event_query(rig.console, "2/29/2024").find("20240301000000.000000-570"),
-              std::string::npos);
+    for (const auto& [ahead, digits] : {std::pair{-570, "-570"}, {0, "+000"}, {5, "+005"}}) {
+        rig.clock.minutes_ahead = ahead;
+        EXPECT_NE(event_query(rig.console, "2/29/2024")
+                      .find(std::string("20240301000000.000000") + digits),
+                  std::string::npos);
+    }
     for (const char* kind : {"Full", "", "2/30/2024", "30.11.2004", "11/30/2004 "})
         EXPECT_THROW(event_query(rig.console, kind), RuntimeError) << kind;
 }

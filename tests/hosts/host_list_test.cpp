@@ -171,17 +171,5 @@ st1: [][][][][]
 )");
 }
 
-TEST(SelectedHostField, HandsTheFocusOn) {
-    Rig rig;
-    rig.run(enter_selected_host);
-    EXPECT_EQ(rig.console.Form1.take_focus_wish(), "ListView1");
-    for (const MouseButton button : {MouseButton::Left, MouseButton::Right})
-        rig.run([button](Console& console) {
-            press_on_selected_host(console, {.button = button});
-            EXPECT_EQ(console.Form1.take_focus_wish(),
-                      button == MouseButton::Right ? "TxtAlert" : "");
-        });
-}
-
 }  // namespace
 }  // namespace tessarine

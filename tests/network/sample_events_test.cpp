@@ -127,12 +127,5 @@ TEST(SampleHosts, AreReadFromAFolder) {
     EXPECT_EQ(all_events(hosts[1].history).size(), 0u);
 }
 
-TEST(SampleHosts, AreChosenByNameInAnyCase) {
-    const auto hosts = built_in_hosts(kNewest, 20);
-    const auto chosen = only_hosts(hosts, {"vault01", "KIOSK07"});
-    EXPECT_EQ(hosts_file_lines(chosen), "127.0.0.18\tVAULT01\n127.0.0.13\tKIOSK07\n");
-    EXPECT_THROW(only_hosts(hosts, {"VAULT"}), std::runtime_error);
-}
-
 }  // namespace
 }  // namespace tessarine::sample

@@ -28,22 +28,6 @@ class SampleHttp : public testing::Test {
     std::optional<SocketConnection> connection_;
 };
 
-TEST_F(SampleHttp, KeepsRequestsApart) {
-    send(
-        "POST /wsman HTTP/1.1\r\nCONTENT-LENGTH:  3 \r\nauthorization: Negotiate TlRM\r\n\r\na\r\n"
-        "POST /other HTTP/1.1\r\nContent-Type: multipart/encrypted\r\nContent-Length: 1\r\n\r\n");
-    HttpReader reader(*connection_);
-    const HttpRequest first = reader.read();
-    EXPECT_EQ(first.body, "a\r\n");
-    EXPECT_EQ(first.authorization, "Negotiate TlRM");
-    send("b");
-    const HttpRequest second = reader.read();
-    EXPECT_EQ(second.path, "/other");
-    EXPECT_EQ(second.body, "b");
-    EXPECT_EQ(second.content_type, "multipart/encrypted");
-    EXPECT_EQ(second.authorization, "");
-}
-
 TEST_F(SampleHttp, GivesUpOnWhatHasNoEnd) {
     for (const std::string& request :
          {std::string("POST / HTTP/1.1\r\nContent-Length: 1048577\r\n\r\n"),

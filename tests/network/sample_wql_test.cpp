@@ -49,16 +49,5 @@ TEST(SampleWql, RefusesEverythingElse) {
         EXPECT_FALSE(parse_wql(text)) << text;
 }
 
-TEST(SampleTimes, AreWrittenAsWsCimWritesThem) {
-    const auto written = [](const char* dmtf) {
-        std::string text;
-        append_cim_datetime(text, utc(dmtf));
-        return text;
-    };
-    EXPECT_EQ(written("20130415162847.735170+000"), "2013-04-15T16:28:47.73517Z");
-    EXPECT_EQ(written("20240301003000.000000+060"), "2024-02-29T23:30:00Z");
-    EXPECT_EQ(written("20041231190000.000001-300"), "2005-01-01T00:00:00.000001Z");
-}
-
 }  // namespace
 }  // namespace tessarine::sample

@@ -78,17 +78,6 @@ TEST(Journey, AHostListIsLoadedAndOneHostsLogsAreViewed) {
     EXPECT_EQ(window.find<QTabBar>("TabStrip2").tabData(0), 2);
 }
 
-TEST(Journey, TheTypeBoxesDecideWhatTheNextLoadShows) {
-    WindowRig window;
-    window.rig.files.put("/app/Data/PC1_system.log", kRecords);
-    window.console.Form1.ListView1.add_row("PC1", 1).add_sub_item("-");
-    window.start();
-    QTest::mouseClick(&window.find("SysErrors"), Qt::LeftButton, {}, QPoint(8, 8));
-    window.when_open("MyMenu", [](QWidget& menu) { pick(menu, "vieweventlogs"); });
-    click_row(window.find("ListView1"), 0, Qt::RightButton);
-    EXPECT_EQ(rows(window, "SystemList"), 1);
-}
-
 // A click on the head of a column, counted from 0.
 void click_head(WindowRig& window, const char* table, int column) {
     QHeaderView* head = window.find<QTableView>(table).horizontalHeader();
@@ -169,13 +158,6 @@ TEST(Journey, AnEndlessMessageIsShownInParagraphs) {
         dialog.findChild<QPushButton*>("Command1")->click();
     });
     QTest::keyClick(&window.find("SystemList"), Qt::Key_Return);
-}
-
-TEST(Journey, APressOnAnEmptyHostListSaysHowToFillIt) {
-    WindowRig window;
-    window.start();
-    QTest::mouseClick(window.find<QTableView>("ListView1").viewport(), Qt::RightButton);
-    EXPECT_EQ(panel(window, 1), "List Empty. Enumerate or Load hosts");
 }
 
 TEST(Journey, CodesAreAddedPickedAndRemoved) {
