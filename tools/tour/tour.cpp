@@ -96,12 +96,13 @@ void Tour::audit_all_hosts() {
     bool seen = false;
     watch_.also([this, &seen] {
         const auto& bar = user_.find<QProgressBar>("pbar1");
-        if (seen || !bar.isVisible() || bar.value() < bar.maximum() / 3) return;
+        if (seen || !bar.isVisible() || bar.value() == 0) return;
         seen = true;
         album_.take("audit-running");
     });
     user_.choose("run", "runFullauditAllhost");
     watch_.also({});
+    check(seen, "the audit's progress hasn't been shown");
     check_results();
     album_.take("audit-results");
 }
