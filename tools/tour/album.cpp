@@ -53,7 +53,7 @@ void draw(QPainter& painter, QWidget* window, const QRect& place) {
 Album::Album(const QString& folder) : folder_(folder) {
     check(folder_.mkpath(QStringLiteral(".")), "the folder " + folder + " can't be made");
     // Pictures of an earlier tour may have other numbers.
-    for (const QString& name : folder_.entryList({QStringLiteral("??-*.png")}, QDir::Files))
+    for (const QString& name : folder_.entryList({QStringLiteral("[0-9][0-9]-*.png")}, QDir::Files))
         folder_.remove(name);
 }
 
