@@ -53,6 +53,7 @@ class IdleDialogs final : public Dialogs {
                             const std::string&) override {
         return {};
     }
+    std::string choose_folder(const std::string&) override { return {}; }
     std::string ask_save_name(const std::string&) override { return {}; }
 };
 

@@ -9,6 +9,7 @@
 #include "audit/custom_audit.h"
 #include "audit/full_audit.h"
 #include "chrome/help_menu.h"
+#include "chrome/settings_dialog.h"
 #include "chrome/start_up.h"
 #include "chrome/view_menu.h"
 #include "core/console_state.h"
@@ -66,6 +67,7 @@ using enum EventLog;
 
 constexpr FormId Form1 = MainForm::kId;
 constexpr FormId Form2 = EventDetailsForm::kId;
+constexpr FormId Form3 = SettingsForm::kId;
 constexpr FormId Form4 = CustomAuditForm::kId;
 constexpr FormId Form5 = GraphForm::kId;
 constexpr FormId Form6 = AddHostForm::kId;
@@ -84,6 +86,7 @@ constexpr std::array kEvents = {
     ControlEvent{Form1, "highlightpatt", Click, plain<highlightpatt>},
     ControlEvent{Form1, "hideignore", Click, plain<hideignore>},
     ControlEvent{Form1, "shogrid", Click, plain<shogrid>},
+    ControlEvent{Form1, "settings", Click, plain<show_settings>},
     ControlEvent{Form1, "help", Click, plain<open_help>},
     ControlEvent{Form1, "About", Click, plain<show_about>},
     ControlEvent{Form1, "TabStrip1", Click, plain<click_tab_of_left_strip>},
@@ -169,6 +172,19 @@ constexpr std::array kEvents = {
     ControlEvent{Form4, "MonthView1", DateClick, plain<choose_audit_date>},
     ControlEvent{Form4, "chkSpecificDate", Click, plain<click_specific_date>},
     ControlEvent{Form4, "Command1", Click, plain<run_custom_audit>},
+
+    // The settings.
+    ControlEvent{Form3, "TabStrip1", Click, plain<click_tab_of_settings>},
+    ControlEvent{Form3, "cmdLogPathBrowse", Click, plain<browse_for_log_path>},
+    ControlEvent{Form3, "cmdArchiveBrowse", Click, plain<browse_for_archive_path>},
+    ControlEvent{Form3, "cmdAuditSave", Click, plain<save_audit_settings>},
+    ControlEvent{Form3, "Command2", Click, plain<save_credentials>},
+    ControlEvent{Form3, "UpDown1", Change, plain<step_hour>},
+    ControlEvent{Form3, "UpDown3", Change, plain<step_minute>},
+    ControlEvent{Form3, "UpDown2", Change, plain<step_days_back>},
+    ControlEvent{Form3, "Command4", Click, plain<browse_for_host_file>},
+    ControlEvent{Form3, "Command7", Click, plain<save_schedule>},
+    ControlEvent{Form3, "Command3", Click, plain<save_mail_settings>},
 
     // Adding hosts by hand, the test of a host.
     ControlEvent{Form6, "Command1", Click, plain<add_typed_host>},

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/settings_store.h"
+#include "core/tabs.h"
 #include "platform/program.h"
 
 namespace tessarine {
@@ -12,7 +13,10 @@ Console::Console(const Platform& its_platform, RegionalText regional_forms)
       regional(std::move(regional_forms)),
       Form1(its_platform.table_memory),
       Form3([this] { return std::make_unique<SettingsForm>(platform.secret_memory); }) {
-    Form3.when_loaded([this](SettingsForm&) { LoadSettings(*this); });
+    Form3.when_loaded([this](SettingsForm& form) {
+        position_settings(form);
+        LoadSettings(*this);
+    });
 }
 
 void end_console(Console& console) {

@@ -22,6 +22,7 @@ enum class EventKind {
     CloseBox,  ///< the frame's close box
     ColumnClick,
     DateClick,
+    Change,  ///< a pair of arrows has stepped
 };
 
 enum class MouseButton { None, Left, Right };

@@ -71,6 +71,11 @@ struct UpDown {
     int value = 0;
 };
 
+/// Lines of text, the last one in sight.
+struct ListBox {
+    std::vector<std::string> items;
+};
+
 struct MonthView {
     Date value;
 };

@@ -1,5 +1,6 @@
 #include "core/secret_text.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace tessarine {
@@ -24,6 +25,19 @@ SecretText& SecretText::operator=(std::string_view text) {
     bytes_.resize(text.size() + 1);
     text.copy(bytes_.data(), text.size());
     return *this;
+}
+
+void SecretText::replace(std::size_t start, std::size_t count, std::string&& text) {
+    const std::string_view old = this->text();
+    const std::size_t from = std::min(start, old.size());
+    std::string whole;
+    whole.reserve(old.size() + text.size());
+    whole.append(old.substr(0, from))
+        .append(text)
+        .append(old.substr(from + std::min(count, old.size() - from)));
+    *this = whole;
+    wipe(whole);
+    wipe(text);
 }
 
 void SecretText::forget() {

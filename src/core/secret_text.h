@@ -27,6 +27,10 @@ class SecretText {
 
     SecretText& operator=(std::string_view text);
 
+    /// Puts `text`, of which no copy stays behind, in place of `count` characters from `start` on,
+    /// as far as there are any.
+    void replace(std::size_t start, std::size_t count, std::string&& text);
+
     /// Valid until the text changes. A NUL follows it, for callees that measure it themselves.
     std::string_view text() const {
         return bytes_.empty() ? std::string_view("")

@@ -41,6 +41,17 @@ void PositionMain(Console& console) {
     for (const EventLog log : kEventLogs) tab_of(form, log).image = kTabPlain;
 }
 
+void position_settings(SettingsForm& form) {
+    stack(form.SetFrame);
+    form.settings_tab = 1;
+    form.TabStrip1.selected = 1;
+}
+
+void click_tab_of_settings(Console& console) {
+    SettingsForm& form = console.Form3.get();
+    turn_page(form.SetFrame, form.settings_tab, form.TabStrip1);
+}
+
 void click_tab_of_left_strip(Console& console) {
     turn_page(console.Form1.PosFrame1, console.Form1.host_tab, console.Form1.TabStrip1);
 }

@@ -4,6 +4,7 @@
 namespace tessarine {
 
 struct Console;
+struct SettingsForm;
 
 /// The tab of TabStrip2 after those of the logs, "Analysis Summary".
 inline constexpr int kSummaryTab = 4;
@@ -12,8 +13,11 @@ inline constexpr int kSummaryTab = 4;
 void PositionHost(Console& console);
 void PositionMain(Console& console);
 
-/// A tab of TabStrip1 or of TabStrip2 has been selected.
+void position_settings(SettingsForm& form);
+
+/// A tab of TabStrip1 or of TabStrip2 of the main window, or of the settings, has been selected.
 void click_tab_of_left_strip(Console& console);
 void click_tab_of_right_strip(Console& console);
+void click_tab_of_settings(Console& console);
 
 }  // namespace tessarine

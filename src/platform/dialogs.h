@@ -31,6 +31,9 @@ class Dialogs {
                                     const std::vector<FileFilter>& filters,
                                     const std::string& title) = 0;
 
+    /// The path of the folder that the user chooses; empty when the user cancels.
+    virtual std::string choose_folder(const std::string& title) = 0;
+
     /// The path that the user gives a file that is to be saved, which begins as `proposed_name`;
     /// empty when the user cancels.
     virtual std::string ask_save_name(const std::string& proposed_name) = 0;

@@ -10,11 +10,15 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabBar>
+#include <algorithm>
+#include <utility>
 
 #include "qt/qt_text.h"
 #include "ui/form_access.h"
 #include "ui/list_view.h"
+#include "ui/secret_edit.h"
 #include "ui/show_control.h"
+#include "ui/up_down_view.h"
 
 namespace tessarine {
 namespace {
@@ -78,6 +82,32 @@ void ControlBinder::bind(std::string_view name, const TextBox& control, QWidget&
     if (!leads_on(name, EventKind::GotFocus) && !leads_on(name, EventKind::MouseDown)) return;
     line->setContextMenuPolicy(Qt::NoContextMenu);
     line->installEventFilter(this);
+}
+
+void ControlBinder::bind(std::string_view name, const SecretBox&, QWidget& widget) {
+    auto* edit = qobject_cast<SecretEdit*>(&widget);
+    if (edit == nullptr) return;
+    const auto change = [this, name, edit](int start, int count, const QString& inserted) {
+        with_control<SecretBox>(door_.console(), form_, name, [&](SecretBox& box) {
+            box.text.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(count),
+                             from_qt(inserted));
+            show_control(box, *edit);
+        });
+    };
+    connect(edit, &SecretEdit::changed, this, change);
+}
+
+void ControlBinder::bind(std::string_view name, const UpDown&, QWidget& widget) {
+    auto* arrows = qobject_cast<UpDownView*>(&widget);
+    if (arrows == nullptr) return;
+    connect(arrows, &UpDownView::stepped, this, [this, name](int step) {
+        bool changed = false;
+        with_control<UpDown>(door_.console(), form_, name, [&](UpDown& written) {
+            const int value = std::clamp(written.value + step, written.minimum, written.maximum);
+            changed = std::exchange(written.value, value) != value;
+        });
+        if (changed) raise(name, EventKind::Change);
+    });
 }
 
 // The focus and the mouse buttons of fields that have events for them.

@@ -53,7 +53,9 @@ class ControlBinder : public QObject {
     // program, as all names of controls do.
     void bind(std::string_view name, const Label& control, QWidget& widget);
     void bind(std::string_view name, const TextBox& control, QWidget& widget);
+    void bind(std::string_view name, const SecretBox& control, QWidget& widget);
     void bind(std::string_view name, const CheckBox& control, QWidget& widget);
+    void bind(std::string_view name, const UpDown& control, QWidget& widget);
     void bind(std::string_view, const Frame& control, QWidget& widget);
     void bind(std::string_view name, const OptionButton& control, QWidget& widget);
     void bind(std::string_view, const Chart& control, QWidget& widget);
@@ -61,6 +63,7 @@ class ControlBinder : public QObject {
     void bind(std::string_view name, const MonthView& control, QWidget& widget);
     void bind(std::string_view name, const TabStrip& control, QWidget& widget);
     void bind(std::string_view name, const ListControl& control, QWidget& widget);
+    void bind(std::string_view, const ListBox&, QWidget&) {}
     void bind(std::string_view, const StatusBar&, QWidget&) {}
     void bind(std::string_view, const ProgressBar&, QWidget&) {}
     void bind(std::string_view, const Image&, QWidget&) {}

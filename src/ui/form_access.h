@@ -28,9 +28,7 @@ inline FormBase* loaded_form(Console& console, FormId id) {
 /// Shows `see(name, control)` every control of the form, if it is loaded.
 template <class Visitor>
 void visit_controls(Console& console, FormId id, Visitor&& see) {
-    with_loaded_form(console, id, [&](auto& form) {
-        if constexpr (requires { form.visit(see); }) form.visit(see);  // else it has no window yet
-    });
+    with_loaded_form(console, id, [&](auto& form) { form.visit(see); });
 }
 
 /// Calls `change(control)` with the form's control of that name and kind, if there is one.

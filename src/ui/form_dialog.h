@@ -21,7 +21,7 @@ class FormDialog : public QDialog {
     /// Joins the widgets, which must all be there, to the form's controls.
     void bind();
     /// Shows what the form holds now, and hides when the form is hidden or unloaded.
-    void refresh();
+    virtual void refresh();
 
     FormId form() const { return form_; }
 

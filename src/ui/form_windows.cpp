@@ -13,6 +13,7 @@
 #include "ui/form_access.h"
 #include "ui/graph_dialog.h"
 #include "ui/main_menus.h"
+#include "ui/settings_dialog.h"
 
 namespace tessarine {
 namespace {
@@ -30,6 +31,7 @@ struct FormWindow {
 // The windows of the forms other than the main form.
 constexpr FormWindow kFormWindows[] = {
     {EventDetailsForm::kId, make_dialog<EventDetailsDialog>},
+    {SettingsForm::kId, make_dialog<SettingsDialog>},
     {CustomAuditForm::kId, make_dialog<CustomAuditDialog>},
     {GraphForm::kId, make_dialog<GraphDialog>},
     {AddHostForm::kId, make_dialog<AddHostDialog>},

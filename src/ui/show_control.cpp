@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -15,6 +16,7 @@
 #include "ui/chart_view.h"
 #include "ui/list_view.h"
 #include "ui/pictures.h"
+#include "ui/secret_edit.h"
 #include "ui/status_bar_view.h"
 
 namespace tessarine {
@@ -84,6 +86,21 @@ void show_control(const TextBox& control, QWidget& widget) {
         }
         page->setReadOnly(control.locked);
     }
+}
+
+void show_control(const SecretBox& control, QWidget& widget) {
+    if (auto* edit = qobject_cast<SecretEdit*>(&widget))
+        edit->show_length(static_cast<int>(control.text.text().size()));
+}
+
+void show_control(const ListBox& control, QWidget& widget) {
+    auto* list = qobject_cast<QListWidget*>(&widget);
+    const int count = static_cast<int>(control.items.size());
+    if (list == nullptr || list->count() == count) return;
+    if (list->count() > count) list->clear();
+    for (int line = list->count(); line < count; ++line)
+        list->addItem(to_qt(control.items[static_cast<std::size_t>(line)]));
+    list->scrollToBottom();
 }
 
 void show_control(const CheckBox& control, QWidget& widget) {

@@ -16,6 +16,9 @@ class ListControl;
 void show_control(const Label& control, QWidget& widget);
 void show_control(const Image& control, QWidget& widget);
 void show_control(const TextBox& control, QWidget& widget);
+void show_control(const SecretBox& control, QWidget& widget);
+void show_control(const ListBox& control, QWidget& widget);
+inline void show_control(const UpDown&, QWidget&) {}
 void show_control(const CheckBox& control, QWidget& widget);
 void show_control(const OptionButton& control, QWidget& widget);
 inline void show_control(const Frame&, QWidget&) {}  // nothing of it changes

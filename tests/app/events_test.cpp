@@ -27,6 +27,16 @@ void fill(ListControl& list, const std::string& mark, int icon = 3) {
     list.set_selected_item(2);
 }
 
+void fill_settings(SettingsForm& settings) {
+    settings.TabStrip1.selected = 3;
+    settings.UpDown1.value = -1;
+    settings.UpDown2.value = 7;
+    settings.UpDown3.value = 61;
+    for (TextBox* field : {&settings.txtRecipient, &settings.txtSender, &settings.txtSmtpServer,
+                           &settings.TxtUsername, &settings.txtHosts})
+        field->text = "typed";
+}
+
 // A console in which nothing is like another, so that a wrong routine leaves other traces: three
 // hosts, the second one marked; logs, tables and lists that differ; every dialog open.
 class BusyConsole {
@@ -78,16 +88,20 @@ class BusyConsole {
             note("Form5: " + drawn(at.Form5->pie));
             at.Form5.unload();
         });
-        rig.windows.when_shown(AddHostForm::kId, [this](Console& at) {
-            note("Form6");
-            at.Form6.unload();
-        });
-        rig.windows.when_shown(AboutForm::kId, [this](Console& at) {
-            note("AboutForm");
-            at.AboutForm.unload();
-        });
+        close_when_shown(rig.console.Form3);
+        close_when_shown(rig.console.Form6);
+        close_when_shown(rig.console.AboutForm);
+        fill_settings(rig.console.Form3.get());
         form.TabStrip1.selected = 3;
         form.TabStrip2.selected = 4;
+    }
+
+    template <class Dialog>
+    void close_when_shown(Form<Dialog>& form) {
+        rig.windows.when_shown(form.kId, [this, &form](Console&) {
+            note(std::string(form.kId.name));
+            form.unload();
+        });
     }
 
     // What can be seen of it, a line each.
@@ -105,6 +119,9 @@ class BusyConsole {
             lines.push_back("graph type: " + std::to_string(static_cast<int>(graph->pie.type)));
         if (const auto* details = rig.console.Form2.if_loaded())
             lines.push_back("position: " + std::to_string(details->position));
+        if (const auto* settings = rig.console.Form3.if_loaded())
+            lines.push_back("settings page: " + std::to_string(settings->settings_tab));
+        for (const std::string& saved : rig.settings.written) lines.push_back("saved: " + saved);
         if (auto* audit = rig.console.Form4.if_loaded())
             lines.push_back("focus in Form4: " + std::string(audit->take_focus_wish()));
         lines.insert(lines.end(), notes_.begin(), notes_.end());
@@ -174,9 +191,9 @@ std::string changes(const Lines& before, const Lines& after) {
 
 TEST(Events, EachRunsItsRoutine) {
     std::ostringstream actual;
-    constexpr std::array kKinds = {"Click",    "MouseDown",   "EnterKey", "GotFocus",
-                                   "MouseUp",  "DoubleClick", "Timer",    "Activate",
-                                   "CloseBox", "ColumnClick", "DateClick"};
+    constexpr std::array kKinds = {"Click",    "MouseDown",   "EnterKey",  "GotFocus",
+                                   "MouseUp",  "DoubleClick", "Timer",     "Activate",
+                                   "CloseBox", "ColumnClick", "DateClick", "Change"};
     for (const ControlEvent& event : control_events()) {
         BusyConsole console;
         const Lines before = console.seen();

@@ -41,6 +41,21 @@ TEST(SecretText, LeavesNothingInTheMemoryThatItGivesBack) {
     EXPECT_TRUE(memory.clean);
 }
 
+TEST(SecretText, IsEditedInPlaceAndLeavesNothingEither) {
+    WatchedMemory memory;
+    {
+        SecretText secret(&memory);
+        secret.replace(0, 0, std::string("middle"));
+        secret.replace(6, 0, std::string("end"));
+        secret.replace(1, 4, std::string("y"));
+        EXPECT_EQ(secret.text(), "myeend");
+        secret.replace(4, 100, std::string());
+        secret.replace(100, 1, std::string("!"));
+        EXPECT_EQ(secret.text(), "myee!");
+    }
+    EXPECT_TRUE(memory.clean);
+}
+
 TEST(SecretText, WipesWhatItTakesOver) {
     for (const std::size_t length : {std::size_t{8}, std::size_t{400}}) {
         std::string text(length, 's');

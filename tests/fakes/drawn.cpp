@@ -67,6 +67,17 @@ std::string text_of(const ProgressBar& bar) {
 std::string text_of(const TextBox& box) {
     return " \"" + shown(box.text) + "\"\n";
 }
+std::string text_of(const SecretBox& box) {
+    return " \"" + shown(box.text.text()) + "\"\n";
+}
+std::string text_of(const UpDown& arrows) {
+    return " " + std::to_string(arrows.value) + "\n";
+}
+std::string text_of(const ListBox& list) {
+    std::string text = "\n";
+    for (const std::string& item : list.items) text += "  " + shown(item) + "\n";
+    return text;
+}
 std::string text_of(const Label& label) {
     return " \"" + shown(label.caption) + "\"\n";
 }
@@ -115,7 +126,7 @@ void visit_all(MainForm& form, const Visitor& see) {
 // Every control that the dialog has a widget for.
 template <class Dialog, class Visitor>
 void visit_all(Dialog& form, const Visitor& see) {
-    if constexpr (requires { form.visit(see); }) form.visit(see);
+    form.visit(see);
 }
 
 // The form if there is something to draw of it; the main form holds its last state for ever.

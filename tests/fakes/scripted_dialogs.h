@@ -47,6 +47,10 @@ class ScriptedDialogs final : public Dialogs {
         return taken(files_, std::string(), "choice of a file");
     }
 
+    std::string choose_folder(const std::string& title) override {
+        return choose_file(FilePurpose::Open, "", {}, "folder: " + title);
+    }
+
     std::string ask_save_name(const std::string& proposed_name) override {
         return choose_file(FilePurpose::Save, "", {}, "save " + proposed_name);
     }

@@ -82,6 +82,14 @@ std::string QtDialogs::choose_file(FilePurpose purpose, const std::string& start
     return path_chosen_in(chooser);
 }
 
+std::string QtDialogs::choose_folder(const std::string& title) {
+    if (before_showing_) before_showing_();
+    QFileDialog chooser(parent_of_dialogs(), to_qt(title), existing_folder({}, last_folder_));
+    chooser.setFileMode(QFileDialog::Directory);
+    chooser.setOption(QFileDialog::ShowDirsOnly);
+    return path_chosen_in(chooser);
+}
+
 std::string QtDialogs::ask_save_name(const std::string& proposed_name) {
     if (before_showing_) before_showing_();
     QFileDialog chooser(parent_of_dialogs(), QObject::tr("Save As"),

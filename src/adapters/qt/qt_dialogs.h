@@ -25,6 +25,7 @@ class QtDialogs final : public Dialogs {
     std::string choose_file(FilePurpose purpose, const std::string& start_folder,
                             const std::vector<FileFilter>& filters,
                             const std::string& title) override;
+    std::string choose_folder(const std::string& title) override;
     std::string ask_save_name(const std::string& proposed_name) override;
 
   private:

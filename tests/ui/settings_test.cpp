@@ -1,0 +1,173 @@
+// The settings dialog, worked by mouse and keys.
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTest>
+#include <QToolButton>
+
+#include "core/scramble.h"
+#include "core/settings_store.h"
+#include "ui/window_rig.h"
+
+namespace tessarine::fakes {
+namespace {
+
+template <class Widget = QWidget>
+Widget& in(QWidget& dialog, const char* name) {
+    auto* found = dialog.findChild<Widget*>(name);
+    if (found == nullptr) throw std::runtime_error(std::string("no widget ") + name);
+    return *found;
+}
+
+void open_page(QWidget& dialog, int page) {
+    auto& bar = in<QTabBar>(dialog, "TabStrip1");
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(page).center());
+}
+
+void press(QWidget& dialog, const char* button) {
+    ASSERT_TRUE(in(dialog, button).isVisible()) << button;
+    QTest::mouseClick(&in(dialog, button), Qt::LeftButton, {}, QPoint(8, 8));
+}
+
+QString status(QWidget& dialog) {
+    return in<QLabel>(dialog, "st1_panel1").text();
+}
+
+// Whether any widget of the dialog holds the text, as its own or for a screen reader.
+bool is_in_a_widget(QWidget& dialog, const QString& text) {
+    for (QWidget* widget : dialog.findChildren<QWidget*>()) {
+        if (const auto* field = qobject_cast<QLineEdit*>(widget); field && field->text() == text)
+            return true;
+        QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(widget);
+        for (const auto part : {QAccessible::Name, QAccessible::Value, QAccessible::Description})
+            if (reader != nullptr && reader->text(part).contains(text)) return true;
+    }
+    return false;
+}
+
+TEST(Settings, APageIsSavedByItsButtonAndTheRestDroppedOnClosing) {
+    WindowRig window;
+    window.start();
+    window.when_open("Form3", [&](QWidget& dialog) {
+        auto& folder = in<QLineEdit>(dialog, "txtLogPath");
+        EXPECT_EQ(folder.text(), "/app\\");
+        window.rig.dialogs.choose_file_next("/collected");
+        press(dialog, "cmdLogPathBrowse");
+        EXPECT_EQ(folder.text(), "/collected/");
+        press(dialog, "optMove");
+        // Enter in a field presses no button.
+        folder.setFocus();
+        QTest::keyClick(&folder, Qt::Key_Return);
+        EXPECT_EQ(status(dialog), "");
+        press(dialog, "cmdAuditSave");
+        EXPECT_EQ(status(dialog), "Audit Settings Saved....");
+        open_page(dialog, 2);
+        EXPECT_FALSE(folder.isVisible());
+        QTest::keyClicks(&in(dialog, "txtHosts"), "/unsaved.txt");
+        EXPECT_EQ(window.console.Form3->txtHosts.text, "/unsaved.txt") << "in force, saved or not";
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    window.trigger("settings");
+    EXPECT_FALSE(window.console.Form3.if_loaded() != nullptr);
+    window.when_open("Form3", [&](QWidget& dialog) {
+        EXPECT_EQ(in<QLineEdit>(dialog, "txtLogPath").text(), "/collected/");
+        EXPECT_EQ(in<QLineEdit>(dialog, "txtHosts").text(), "");
+        dialog.close();
+    });
+    window.trigger("Toolbar1_13");
+}
+
+TEST(Settings, ArrowsStepByMouseAndByKeys) {
+    WindowRig window;
+    window.start();
+    window.when_open("Form3", [&](QWidget& dialog) {
+        open_page(dialog, 2);
+        auto& hour = in<QLineEdit>(dialog, "txtHour");
+        const auto arrows = in(dialog, "UpDown1").findChildren<QToolButton*>();
+        QTest::mouseClick(arrows.at(0), Qt::LeftButton);
+        EXPECT_EQ(hour.text(), "01");
+        QTest::mouseClick(arrows.at(1), Qt::LeftButton);
+        QTest::mouseClick(arrows.at(1), Qt::LeftButton);
+        EXPECT_EQ(hour.text(), "24");
+        QTest::keyClick(&hour, Qt::Key_Up);
+        EXPECT_EQ(hour.text(), "00");
+        auto& days = in(dialog, "txtretlog");
+        for (int i = 0; i < 25; ++i) QTest::keyClick(&days, Qt::Key_Up);
+        EXPECT_EQ(window.console.Form3->txtretlog.text, "20");
+        press(dialog, "chkEnableschedule");
+        press(dialog, "Command7");
+        EXPECT_TRUE(window.console.Form1.tmrAutoAudit.enabled);
+        dialog.close();
+    });
+    window.trigger("settings");
+}
+
+TEST(Settings, NoWidgetHasThePassword) {
+    WindowRig window;
+    window.rig.settings.set("altpass", Scramble("stored-one", kScrambleKey));
+    window.start();
+    window.when_open("Form3", [&](QWidget& dialog) {
+        open_page(dialog, 1);
+        auto& field = in<QLineEdit>(dialog, "TxtPassword");
+        const SecretText& password = window.console.Form3->TxtPassword.text;
+        EXPECT_EQ(field.text().size(), 10);
+        EXPECT_FALSE(is_in_a_widget(dialog, "stored-one"));
+        field.setFocus();
+        QTest::keyClick(&field, Qt::Key_End);
+        QTest::keyClick(&field, Qt::Key_Backspace);
+        QTest::keyClicks(&field, "e!");
+        QTest::keyClick(&field, Qt::Key_Home);
+        QTest::keyClick(&field, Qt::Key_Delete);
+        EXPECT_EQ(password.text(), "tored-one!");
+        QTest::keyClick(&field, Qt::Key_Right, Qt::ShiftModifier);
+        QGuiApplication::clipboard()->setText(QStringLiteral("p\u00E4|\nsecond line"));
+        QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(password.text(), "p\xE4|ored-one!");
+        QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
+        for (const Qt::Key key : {Qt::Key_C, Qt::Key_X, Qt::Key_Z})
+            QTest::keyClick(&field, key, Qt::ControlModifier);
+        EXPECT_EQ(QGuiApplication::clipboard()->text().size(), 15) << "as it was";
+        // The code page lacks this letter: nothing else may take its place.
+        QGuiApplication::clipboard()->setText(QStringLiteral("\u0416"));
+        QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
+        QTest::keyClicks(&field, "new|word");
+        EXPECT_EQ(password.text(), "new|word");
+        EXPECT_EQ(field.text(), QString(8, QChar(0x25CF)));
+        press(dialog, "Command2");
+        EXPECT_FALSE(is_in_a_widget(dialog, "new|word"));
+        dialog.close();
+    });
+    window.trigger("settings");
+    EXPECT_EQ(window.console.Form3->TxtPassword.text.text(), "new|word");
+    for (const std::string& saved : window.rig.settings.written)
+        EXPECT_EQ(saved.find("new|word"), std::string::npos);
+}
+
+TEST(Settings, TheListOfTheTestShowsItsLastLine) {
+    WindowRig window;
+    window.start();
+    window.when_open("Form3", [&](QWidget& dialog) {
+        open_page(dialog, 3);
+        auto& items = window.console.Form3->lstStatus.items;
+        for (int i = 1; i <= 100; ++i) items.push_back("line " + std::to_string(i));
+        window.windows.refresh();
+        auto& list = in<QListWidget>(dialog, "lstStatus");
+        ASSERT_EQ(list.count(), 100);
+        EXPECT_TRUE(list.viewport()->rect().intersects(list.visualItemRect(list.item(99))));
+        EXPECT_TRUE(list.selectedItems().isEmpty());
+        items = {"anew"};
+        window.windows.refresh();
+        EXPECT_EQ(list.item(0)->text(), "anew");
+        dialog.close();
+    });
+    window.trigger("settings");
+}
+
+}  // namespace
+}  // namespace tessarine::fakes
