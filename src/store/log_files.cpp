@@ -113,4 +113,8 @@ std::string audit_log_path(Files& files, std::string_view log_path, const Date& 
     return entry_of(files, logs_folder(files, log_path), dashed(day, day.year) + ".log");
 }
 
+std::string run_report_path(Files& files, std::string_view log_path, const Date& day) {
+    return entry_of(files, logs_folder(files, log_path), dashed(day, day.year) + "_AutoAudit.log");
+}
+
 }  // namespace tessarine

@@ -42,6 +42,9 @@ std::string archive_folder(Files& files, std::string_view archive_path, std::str
 std::string archived_log_path(Files& files, std::string_view archive_path, std::string_view host,
                               const DateTime& moment, EventLog log);
 
+/// The report of a day's scheduled run.
+std::string run_report_path(Files& files, std::string_view log_path, const Date& day);
+
 /// The audit log of a day.
 std::string audit_log_path(Files& files, std::string_view log_path, const Date& day);
 

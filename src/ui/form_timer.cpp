@@ -10,10 +10,16 @@ constexpr int kSoon = 20;
 
 FormTimer::FormTimer(EventDoor& door, FormId form, std::string_view name, const Timer& control,
                      QObject* parent)
-    : QTimer(parent), door_(door), form_(form), name_(name), interval_(control.interval) {
+    : QTimer(parent), door_(door), form_(form), name_(name) {
     setTimerType(Qt::PreciseTimer);
     connect(this, &QTimer::timeout, this, &FormTimer::raise);
-    if (control.enabled) start(interval_);
+    refresh(control);
+}
+
+void FormTimer::refresh(const Timer& control) {
+    if (control.enabled == isActive()) return;
+    interval_ = control.interval;
+    control.enabled ? start(interval_) : stop();
 }
 
 void FormTimer::raise() {

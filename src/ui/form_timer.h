@@ -9,7 +9,7 @@
 
 namespace tessarine {
 
-/// Raises the control's Timer event every interval while its parent lives.
+/// Raises the control's Timer event every interval while the control is enabled.
 class FormTimer : public QTimer {
     Q_OBJECT
 
@@ -17,13 +17,16 @@ class FormTimer : public QTimer {
     FormTimer(EventDoor& door, FormId form, std::string_view name, const Timer& control,
               QObject* parent);
 
+    /// Starts or stops as the control stands now.
+    void refresh(const Timer& control);
+
   private:
     void raise();
 
     EventDoor& door_;
     FormId form_;
     std::string_view name_;
-    int interval_;
+    int interval_ = 0;
 };
 
 }  // namespace tessarine

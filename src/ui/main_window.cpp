@@ -11,6 +11,7 @@
 #include "core/run_event.h"
 #include "qt/qt_text.h"
 #include "ui/control_binder.h"
+#include "ui/form_timer.h"
 #include "ui/host_column.h"
 #include "ui/main_menus.h"
 #include "ui/record_column.h"
@@ -50,6 +51,8 @@ MainWindow::MainWindow(EventDoor& door)
     add_host_field();
     add_status_bar();
     binder_ = new ControlBinder(door, MainForm::kId, *this);
+    schedule_ =
+        new FormTimer(door, MainForm::kId, "tmrAutoAudit", door.console().Form1.tmrAutoAudit, this);
     add_window_keys(*this, *hosts_, *records_);
     fit_into(screen()->availableSize() - kFrame);
     refresh();
@@ -98,6 +101,7 @@ void MainWindow::refresh() {
     hosts_->refresh();
     records_->refresh();
     menus_->refresh();
+    schedule_->refresh(form.tmrAutoAudit);
     binder_->refresh();
 }
 

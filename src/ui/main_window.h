@@ -10,6 +10,7 @@ class QLineEdit;
 namespace tessarine {
 
 class ControlBinder;
+class FormTimer;
 class HostColumn;
 class MainMenus;
 class RecordColumn;
@@ -41,6 +42,7 @@ class MainWindow : public QMainWindow {
     HostColumn* hosts_;
     RecordColumn* records_;
     ControlBinder* binder_;
+    FormTimer* schedule_;
 };
 
 }  // namespace tessarine

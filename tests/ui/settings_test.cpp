@@ -108,6 +108,30 @@ TEST(Settings, ArrowsStepByMouseAndByKeys) {
     window.trigger("settings");
 }
 
+TEST(Settings, TheScheduleTicksWhileItIsEnabled) {
+    WindowRig window;
+    window.rig.settings.set("enscheaudit", "true");
+    window.rig.settings.set("autoauditat", "07:30");
+    window.rig.clock.moment = {{2024, 2, 20}, {7, 29, 0}};
+    window.console.Form1.tmrAutoAudit.interval = 20;
+    window.start();
+    const auto& panel = window.find<QLabel>("st1_panel5");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return panel.text() == "07:29 -  AutoAudit @: 07:30"; }));
+    window.when_open("Form3", [&](QWidget& dialog) {
+        open_page(dialog, 2);
+        // What stands in the dialog is in force at once.
+        QTest::keyClick(&in(dialog, "txtMin"), Qt::Key_Up);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return panel.text() == "07:29 -  AutoAudit @: 07:31"; }));
+        press(dialog, "chkEnableschedule");
+        press(dialog, "Command7");
+        EXPECT_EQ(panel.text(), "");
+        QTest::qWait(60);
+        EXPECT_EQ(panel.text(), "");
+        dialog.close();
+    });
+    window.trigger("settings");
+}
+
 TEST(Settings, NoWidgetHasThePassword) {
     WindowRig window;
     window.rig.settings.set("altpass", Scramble("stored-one", kScrambleKey));

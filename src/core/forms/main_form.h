@@ -55,6 +55,8 @@ struct MainForm : FormBase {
     StatusBar st1{5};
     ProgressBar pbar1;
     Timer tmrAutoAudit{.interval = 3000};
+    std::string LastAutoAuditDate;  ///< of the last start of a scheduled run, MM/DD/YYYY
+    bool AutoAuditRunning = false;  ///< a scheduled run is under way
 
     // Hosts.
     ListControl ListView1{{{"HostName"}, {"Audit"}}};

@@ -1,0 +1,38 @@
+// The report of a scheduled run: a block of lines for each host.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "core/event_log.h"
+#include "platform/files.h"
+#include "store/event_record.h"
+
+namespace tessarine {
+
+struct Console;
+
+/// The report of one day; a second run on that day replaces it. All routines raise the errors of
+/// the file.
+class RunReport {
+  public:
+    void open(Console& console);
+
+    /// The two lines that set a host apart.
+    void begin_host();
+    void add_host_down(const std::string& host);
+    void add_audit_error(const std::string& host, const std::string& description);
+    void add_success(const std::string& host);
+    /// An event whose code is on the alert list. Raises "Subscript out of range" for a record
+    /// without its seventh field.
+    void add_alert(EventLog log, const EventRecord& record);
+
+    void close();
+
+  private:
+    void add_line(const std::string& line);
+
+    std::unique_ptr<File> file_;
+};
+
+}  // namespace tessarine
