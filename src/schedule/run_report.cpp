@@ -29,6 +29,7 @@ void RunReport::open(Console& console) {
 }
 
 void RunReport::begin_host() {
+    file_->flush();
     add_line("#############");
     add_line(" ");
 }

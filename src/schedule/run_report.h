@@ -18,7 +18,7 @@ class RunReport {
   public:
     void open(Console& console);
 
-    /// The two lines that set a host apart.
+    /// The two lines that set a host apart. What is there of the hosts before is on disk by then.
     void begin_host();
     void add_host_down(const std::string& host);
     void add_audit_error(const std::string& host, const std::string& description);

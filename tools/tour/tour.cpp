@@ -62,6 +62,8 @@ void Tour::walk() {
     show_graph();
     audit_from_a_day();
     add_a_host();
+    set_up_the_console();
+    await_the_scheduled_run();
     show_about();
     watch_.check_all_seen();
     keep_store();

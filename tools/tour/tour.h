@@ -37,6 +37,9 @@ class Tour {
     void show_graph();
     void audit_from_a_day();
     void add_a_host();
+    void set_up_the_console();
+    void schedule_a_run_for_now(const User& in_dialog);
+    void await_the_scheduled_run();
     void show_about();
     void keep_store();
 
