@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 
 #include "app/events.h"
+#include "core/regional_text.h"
 #include "core/run_event.h"
 #include "fakes/drawn.h"
 #include "fakes/rig.h"
@@ -91,6 +93,32 @@ TEST_F(ScheduledAudit, ReportsEachHostInABlockOfItsOwn) {
     EXPECT_FALSE(rig.console.Form1.AutoAuditRunning);
 }
 
+// A year with a leap day, and with a clock that is put forward and back.
+TEST_F(ScheduledAudit, StartsOnceADayForFourHundredDays) {
+    using std::chrono::sys_days;
+    rig.files.put("/hosts.txt", "pc1\r\n");
+    form.txtHour.text = "02";
+    form.txtMin.text = "30";
+    int expected = 0;
+    for (sys_days day = std::chrono::year{2024} / 1 / 1; day < std::chrono::year{2025} / 2 / 4;
+         day += std::chrono::days{1}) {
+        const std::chrono::year_month_day date(day);
+        const Date today{int{date.year()}, static_cast<int>(unsigned{date.month()}),
+                         static_cast<int>(unsigned{date.day()})};
+        const bool put_forward = today == Date{2024, 3, 31};
+        const bool put_back = today == Date{2024, 10, 27};
+        for (int minute = 0; minute < 4 * 60; minute += 10) {
+            // The hour from two to three is left out, or comes twice.
+            if (put_forward && minute / 60 == 2) continue;
+            tick_at({today, {minute / 60, minute % 60, 1}});
+            if (put_back && minute / 60 == 2) tick_at({today, {2, minute % 60, 2}});
+        }
+        expected += put_forward ? 0 : 1;
+        ASSERT_EQ(rig.network.connects, expected) << text_of_date(today);
+    }
+    EXPECT_EQ(expected, 399);
+}
+
 // KEEP(days-back-stay-in-the-month)
 TEST_F(ScheduledAudit, ReadsFromADayOfThisMonthOn) {
     const struct {
@@ -133,6 +161,36 @@ TEST_F(ScheduledAudit, AMissingHostFileKeepsAllLaterRunsBack) {
     rig.run(AutoAudit);
     EXPECT_EQ(panels(), "[Auto Audit Already In Progress][][][][Auto Audit In Progress..]\n");
     EXPECT_EQ(rig.network.connects, 0);
+}
+
+// A thousand hosts: every third is down, every twentieth refuses.
+TEST_F(ScheduledAudit, GoesOverAThousandHostsInTheOrderOfTheFile) {
+    std::string hosts;
+    std::string expected;
+    rig.console.Form1.AlertList.add_row("7", 0);
+    for (int i = 1; i <= 1000; ++i) {
+        const std::string name = "H" + std::to_string(i);
+        hosts += "h" + std::to_string(i) + "\r\n";
+        expected += "#############\r\n \r\n" + name;
+        rig.probe.answers[name] = i % 3 == 0 ? fakes::kSilent : fakes::kConnects;
+        fakes::ScriptedHost& host = rig.network.hosts[name];
+        if (i % 20 == 1) host.query_error = "refused";
+        for (int code = 1; code <= i % 8; ++code)
+            host.records.push_back(
+                {.EventCode = std::to_string(code), .ComputerName = name, .Message = "x|7|y"});
+        if (i % 3 == 0) {
+            expected += "  - Error: Host Down or Remote Port Blocked\r\n";
+        } else if (i % 20 == 1) {
+            expected += "  - Error: Audit Error - refused - Audit error\r\n";
+        } else {
+            expected += "  - Ok: Audit Success\r\n";
+            if (i % 8 == 7)
+                expected += "Sys Event 11/30/2004 11:59:59 PM  >>Event:7  >>Host: " + name + "\r\n";
+        }
+    }
+    rig.files.put("/hosts.txt", hosts);
+    rig.run(AutoAudit);
+    EXPECT_TRUE(rig.files.bytes(kReport) == expected);
 }
 
 TEST_F(ScheduledAudit, AnEmptyHostFileGivesAnEmptyReport) {
