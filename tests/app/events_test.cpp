@@ -206,5 +206,21 @@ TEST(Events, EachRunsItsRoutine) {
     EXPECT_EQ(actual.str(), golden("events.txt"));
 }
 
+// In the busy console a menu opens for each of them.
+TEST(Events, AReleaseOnATableIsAboutThatTable) {
+    for (const char* name : {"SystemList", "ApplicationList", "SecurityList"}) {
+        Rig rig;
+        MainForm& form = rig.console.Form1;
+        form.visit([name](std::string_view seen, auto& control) {
+            if constexpr (std::is_same_v<std::remove_cvref_t<decltype(control)>, ListControl>)
+                if (seen == name) fill(control, "row");
+        });
+        const ControlEvent* event =
+            find_event(control_events(), MainForm::kId, name, EventKind::MouseUp);
+        rig.run([event](Console& at) { event->routine(at, {.button = MouseButton::Right}); });
+        EXPECT_EQ(rig.windows.menus.size(), 1u) << name;
+    }
+}
+
 }  // namespace
 }  // namespace tessarine::fakes
