@@ -24,7 +24,8 @@ trap 'rm -rf "$scratch"' EXIT
 mkdir "$scratch/store" "$scratch/open"
 
 # While the password is in use, when it was handed over, when the sign-in is over, between the two
-# walks, and at the end.
+# walks, and at the end. Nothing is called in the program: that writes its registers, and some
+# processors have more of them than gdb knows.
 cat >"$scratch/commands" <<COMMANDS
 set debuginfod enabled off
 set breakpoint pending on
@@ -40,7 +41,7 @@ gcore $scratch/core.signed-in
 tbreak tessarine::EventSpool::start_over
 continue
 gcore $scratch/core.between
-eval "shell for f in /proc/%d/fd/*; do [ ! -f \$f ] || cp \$f $scratch/open; done", (int)getpid()
+python gdb.execute("shell for f in /proc/%d/fd/*; do [ ! -f \$f ] || cp \$f $scratch/open; done" % gdb.selected_inferior().pid)
 catch syscall exit_group
 continue
 gcore $scratch/core.at-the-end
