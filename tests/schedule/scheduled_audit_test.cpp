@@ -226,6 +226,7 @@ TEST_F(ScheduledAudit, HasNoHandlingOfItsOwn) {
     EXPECT_EQ(no_folder.dialogs.messages.back().text, "Run-time error '76':\r\n\r\nPath not found");
 }
 
+// KEEP(broken-record-ends-the-daily-audit)
 TEST_F(ScheduledAudit, AShortRecordEndsItOnceThereIsSomethingToCompare) {
     form.choose(form.optAppend);
     rig.files.put("/app/Data/PC1_application.log", "error|d|t|source\r\n");

@@ -38,6 +38,7 @@ class Tour {
     void audit_from_a_day();
     void add_a_host();
     void set_up_the_console();
+    QStringList hosts_for_a_run() const;
     void schedule_a_run_for_now(const User& in_dialog);
     void await_the_scheduled_run();
     void show_about();

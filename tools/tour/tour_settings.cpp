@@ -1,11 +1,15 @@
 // The steps through the settings, and the run that they schedule.
 #include <QCheckBox>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
 #include <QTime>
 
+#include "core/console_state.h"
+#include "qt/qt_text.h"
 #include "tour/failure.h"
 #include "tour/tour.h"
 
@@ -13,6 +17,15 @@ namespace tessarine::tour {
 namespace {
 
 constexpr int kMostPauses = 600;
+
+// Whether all lines of the file are whole records: a run with an alert list ends at a broken one.
+bool has_whole_records(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    while (!file.atEnd())
+        if (file.readLine().count('|') < 7) return false;
+    return true;
+}
 
 void save(const User& in_dialog, const QString& button, const QString& status) {
     in_dialog.click(button);
@@ -43,11 +56,37 @@ void Tour::set_up_the_console() {
     user_.choose("prefs", "settings");
 }
 
+// The host with the most events of those whose records are whole, and one whose audit failed.
+QStringList Tour::hosts_for_a_run() const {
+    const QDir data(to_qt(program_.console().Form3->txtLogPath.text).replace('\\', '/') + "/Data");
+    QString fullest;
+    QString failed;
+    qint64 most = -1;
+    for (int row = 0; row < user_.rows("ListView1"); ++row) {
+        const QString host = user_.cell("ListView1", row, 0);
+        if (has_picture(row, "audit failed")) failed = host;
+        qint64 size = 0;
+        bool whole = has_picture(row, "audited");
+        for (const char* log : {"_system.log", "_application.log", "_security.log"}) {
+            const QString path = data.filePath(host + log);
+            whole = whole && has_whole_records(path);
+            size += QFileInfo(path).size();
+        }
+        if (whole && size > most) {
+            most = size;
+            fullest = host;
+        }
+    }
+    QStringList hosts{fullest, failed};
+    hosts.removeAll(QString());
+    return hosts;
+}
+
 void Tour::schedule_a_run_for_now(const User& in_dialog) {
     const QString hosts = album_.folder().filePath("scheduled-hosts.txt");
     QFile file(hosts);
     check(file.open(QIODevice::WriteOnly | QIODevice::Text), hosts + " can't be written");
-    for (int row = 0; row < 2; ++row) file.write(user_.cell("ListView1", row, 0).toLatin1() + "\n");
+    for (const QString& host : hosts_for_a_run()) file.write(host.toLatin1() + "\n");
     file.close();
     if (QTime::currentTime().second() > 50) User::pause(12'000);
     const QTime now = QTime::currentTime();
