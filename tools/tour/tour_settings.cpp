@@ -92,6 +92,7 @@ void Tour::schedule_a_run_for_now(const User& in_dialog) {
     const QTime now = QTime::currentTime();
     in_dialog.type("txtHour", now.toString("HH"));
     in_dialog.type("txtMin", now.toString("mm"));
+    in_dialog.type("txtretlog", "5");
     in_dialog.type("txtHosts", hosts);
     auto& enabled = in_dialog.find<QCheckBox>("chkEnableschedule");
     if (!enabled.isChecked()) in_dialog.click("chkEnableschedule");
