@@ -9,10 +9,11 @@
 namespace tessarine {
 namespace {
 
-// The pages lie on one another, so all but the first are out of sight.
+// The pages lie on one another, so all but that of the first tab are out of sight.
 template <class Pages>
-void stack(Pages& pages) {
+void stack(Pages& pages, int& shown_tab, TabStrip& strip) {
     for (Frame& page : pages) page.visible = &page == &pages.front();
+    shown_tab = strip.selected = 1;
 }
 
 // Takes the page of the tab that was left away and shows the one of the selected tab.
@@ -27,24 +28,18 @@ void turn_page(Pages& pages, int& shown_tab, const TabStrip& strip) {
 
 void PositionHost(Console& console) {
     MainForm& form = console.Form1;
-    stack(form.PosFrame1);
-    form.host_tab = 1;
-    form.TabStrip1.selected = 1;
+    stack(form.PosFrame1, form.host_tab, form.TabStrip1);
 }
 
 void PositionMain(Console& console) {
     MainForm& form = console.Form1;
-    stack(form.MainFrame);
-    form.main_tab = 1;
-    form.TabStrip2.selected = 1;
+    stack(form.MainFrame, form.main_tab, form.TabStrip2);
     click_tab_of_right_strip(console);
     for (const EventLog log : kEventLogs) tab_of(form, log).image = kTabPlain;
 }
 
 void position_settings(SettingsForm& form) {
-    stack(form.SetFrame);
-    form.settings_tab = 1;
-    form.TabStrip1.selected = 1;
+    stack(form.SetFrame, form.settings_tab, form.TabStrip1);
 }
 
 void click_tab_of_settings(Console& console) {

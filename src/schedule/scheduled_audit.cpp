@@ -90,8 +90,7 @@ void audit_and_report(Console& console, const std::string& host, const std::stri
     }
     report.add_success(host);
     const CodeMatches alerts(form.AlertList);
-    for (const EventLog log : {EventLog::System, EventLog::Application, EventLog::Security})
-        report_alerts(console, host, log, alerts, report);
+    for (const EventLog log : kEventLogs) report_alerts(console, host, log, alerts, report);
 }
 
 }  // namespace

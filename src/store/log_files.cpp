@@ -50,6 +50,10 @@ std::string dashed(const Date& day, int year) {
     return padded(day.day, 2) + "-" + padded(day.month, 2) + "-" + padded(year, 2);
 }
 
+std::string entry_of(Files& files, std::string_view folder, const std::string& name) {
+    return path_in(folder, files.present_name(std::string(folder), name));
+}
+
 }  // namespace
 
 std::string path_in(std::string_view folder, std::string_view name) {
@@ -63,14 +67,6 @@ std::string path_in(std::string_view folder, std::string_view name) {
     path.erase(std::unique(path.begin(), path.end(), same_separator), path.end());
     return path;
 }
-
-namespace {
-
-std::string entry_of(Files& files, std::string_view folder, const std::string& name) {
-    return path_in(folder, files.present_name(std::string(folder), name));
-}
-
-}  // namespace
 
 std::string data_folder(Files& files, std::string_view log_path) {
     return entry_of(files, log_path, "Data");
