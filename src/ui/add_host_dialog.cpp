@@ -4,12 +4,8 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QVBoxLayout>
 
 #include "core/forms/add_host_form.h"
-#include "qt/qt_text.h"
-#include "ui/form_access.h"
-#include "ui/status_bar_view.h"
 #include "ui/widgets.h"
 
 namespace tessarine {
@@ -24,17 +20,7 @@ AddHostDialog::AddHostDialog(EventDoor& door, QWidget* parent)
     row->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     row->addWidget(named(new QLineEdit, "AddHost", tr("Name of the host")), 1);
     row->addWidget(add);
-    auto* status = new StatusBarView("St2", {1});
-    status->setSizeGripEnabled(false);
-
-    auto* rows = new QVBoxLayout(this);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setSpacing(0);
-    auto* inner = new QVBoxLayout;
-    inner->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    inner->addWidget(frame);
-    rows->addLayout(inner);
-    rows->addWidget(status);
+    lay_out_over_status_bar(frame, "St2");
     setMinimumWidth(380);
     bind();
 }

@@ -14,12 +14,6 @@ namespace {
 
 constexpr int kPictureSize = 32;
 
-QLabel* new_text(const char* name) {
-    auto* label = named(new QLabel, name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
 }  // namespace
 
 ConnectionCheckDialog::ConnectionCheckDialog(EventDoor& door, QWidget* parent)
@@ -34,10 +28,10 @@ ConnectionCheckDialog::ConnectionCheckDialog(EventDoor& door, QWidget* parent)
     rows->setContentsMargins(2 * kMargin, 2 * kMargin, 2 * kMargin, 2 * kMargin);
     rows->setHorizontalSpacing(kMargin);
     rows->addWidget(picture, 0, 0, 2, 1);
-    rows->addWidget(new_text("Label1"), 0, 1);
-    rows->addWidget(new_text("lblHostName"), 0, 2);
-    rows->addWidget(new_text("Label2"), 1, 1);
-    rows->addWidget(new_text("lblReturn"), 1, 2);
+    rows->addWidget(named(new QLabel, "Label1"), 0, 1);
+    rows->addWidget(named(new QLabel, "lblHostName"), 0, 2);
+    rows->addWidget(named(new QLabel, "Label2"), 1, 1);
+    rows->addWidget(named(new QLabel, "lblReturn"), 1, 2);
     rows->setColumnStretch(2, 1);
     setFixedWidth(380);
     bind();

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -65,6 +66,8 @@ void ControlBinder::refresh() {
 }
 
 void ControlBinder::bind(std::string_view, const Label& control, QWidget& widget) {
+    // What stands in it may come from a host or a file, and may look like tags.
+    if (auto* label = qobject_cast<QLabel*>(&widget)) label->setTextFormat(Qt::PlainText);
     // A label is read out by its text, which changes; a name of its own would hide that.
     widget.setToolTip(to_qt(control.tool_tip));
 }

@@ -39,7 +39,6 @@ QWidget* new_log_boxes() {
 CustomAuditDialog::CustomAuditDialog(EventDoor& door, QWidget* parent)
     : FormDialog(door, CustomAuditForm::kId, parent) {
     auto* hosts = named(new QLabel, "lblHostName");
-    hosts->setTextFormat(Qt::PlainText);
     // A name as long as a file can give must not widen the dialog.
     hosts->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto* choice = named(new QLabel, "Label1");

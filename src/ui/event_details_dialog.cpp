@@ -27,7 +27,6 @@ struct DetailField {
 
 QLabel* new_value(const char* name) {
     auto* value = named(new QLabel, name);
-    value->setTextFormat(Qt::PlainText);
     value->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     // A name as long as a file can give must not widen the window.
     value->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);

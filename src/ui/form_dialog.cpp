@@ -1,10 +1,13 @@
 #include "ui/form_dialog.h"
 
 #include <QCloseEvent>
+#include <QVBoxLayout>
 
 #include "core/run_event.h"
 #include "qt/qt_text.h"
 #include "ui/form_access.h"
+#include "ui/status_bar_view.h"
+#include "ui/widgets.h"
 
 namespace tessarine {
 
@@ -12,6 +15,19 @@ FormDialog::FormDialog(EventDoor& door, FormId form, QWidget* parent)
     : QDialog(parent), door_(door), form_(form) {
     setObjectName(object_name(form.name));
     setWindowModality(Qt::ApplicationModal);
+}
+
+void FormDialog::lay_out_over_status_bar(QWidget* content, const char* bar) {
+    auto* status = new StatusBarView(bar, {1});
+    status->setSizeGripEnabled(false);
+    auto* inner = new QVBoxLayout;
+    inner->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    inner->addWidget(content);
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    rows->addLayout(inner, 1);
+    rows->addWidget(status);
 }
 
 void FormDialog::bind() {

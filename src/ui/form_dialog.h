@@ -27,6 +27,8 @@ class FormDialog : public QDialog {
 
   protected:
     EventDoor& door() const { return door_; }
+    /// Fills the window with `content` and, below it, the form's status bar of that name.
+    void lay_out_over_status_bar(QWidget* content, const char* bar);
     virtual void close_form();
     void reject() override { close_form(); }
     void closeEvent(QCloseEvent* event) override;

@@ -16,7 +16,6 @@
 #include "qt/qt_text.h"
 #include "ui/pages.h"
 #include "ui/secret_edit.h"
-#include "ui/status_bar_view.h"
 #include "ui/up_down_view.h"
 #include "ui/widgets.h"
 
@@ -24,13 +23,6 @@ namespace tessarine {
 namespace {
 
 constexpr int kLeastWidth = 540;
-
-QLabel* new_label(const char* name) {
-    auto* label = named(new QLabel, name);
-    // The form of a user name looks like tags.
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
 
 // Enter in a field presses none of them.
 QPushButton* new_button(const char* name) {
@@ -72,15 +64,15 @@ QHBoxLayout* to_the_left(QHBoxLayout* row) {
 
 QVBoxLayout* new_audit_rows() {
     auto* rows = new QVBoxLayout;
-    rows->addWidget(new_label("Label9"));
+    rows->addWidget(named(new QLabel, "Label9"));
     rows->addLayout(
         new_path_row("txtLogPath", QObject::tr("Folder of the logs"), "cmdLogPathBrowse"));
     for (const char* option : {"optAppend", "optOverwrite", "optMove"})
         rows->addWidget(named(new QRadioButton, option));
-    rows->addWidget(new_label("Label12"));
+    rows->addWidget(named(new QLabel, "Label12"));
     rows->addLayout(
         new_path_row("txtArchivePath", QObject::tr("Folder of the archive"), "cmdArchiveBrowse"));
-    rows->addWidget(new_label("Label13"));
+    rows->addWidget(named(new QLabel, "Label13"));
     return rows;
 }
 
@@ -89,7 +81,7 @@ QFormLayout* new_credential_rows() {
     rows->addRow(named(new QCheckBox, "Check1"));
     rows->addRow(QObject::tr("Username"),
                  named(new QLineEdit, "TxtUsername", QObject::tr("Username")));
-    rows->addRow(nullptr, new_label("Label14"));
+    rows->addRow(nullptr, named(new QLabel, "Label14"));
     rows->addRow(QObject::tr("Password"),
                  named(new SecretEdit, "TxtPassword", QObject::tr("Password")));
     return rows;
@@ -98,14 +90,14 @@ QFormLayout* new_credential_rows() {
 QVBoxLayout* new_schedule_rows() {
     auto* rows = new QVBoxLayout;
     rows->addWidget(named(new QCheckBox, "chkEnableschedule"));
-    rows->addLayout(to_the_left(
-        in_a_row({new_label("Label3"), new_number("txtHour", QObject::tr("Hour"), "UpDown1"),
-                  new QLabel(QStringLiteral(":")),
-                  new_number("txtMin", QObject::tr("Minute"), "UpDown3"), new_label("Label4")})));
     rows->addLayout(to_the_left(in_a_row(
-        {new_label("Label10"), new_number("txtretlog", QObject::tr("Days back"), "UpDown2"),
-         new_label("Label11")})));
-    rows->addWidget(new_label("Label8"));
+        {named(new QLabel, "Label3"), new_number("txtHour", QObject::tr("Hour"), "UpDown1"),
+         new QLabel(QStringLiteral(":")), new_number("txtMin", QObject::tr("Minute"), "UpDown3"),
+         named(new QLabel, "Label4")})));
+    rows->addLayout(to_the_left(in_a_row(
+        {named(new QLabel, "Label10"), new_number("txtretlog", QObject::tr("Days back"), "UpDown2"),
+         named(new QLabel, "Label11")})));
+    rows->addWidget(named(new QLabel, "Label8"));
     rows->addLayout(new_path_row("txtHosts", QObject::tr("Host list file"), "Command4"));
     rows->addWidget(named(new QCheckBox, "Check6"));
     return rows;
@@ -139,16 +131,7 @@ SettingsDialog::SettingsDialog(EventDoor& door, QWidget* parent)
 
     auto* column = new QWidget;
     lay_out_pages(*column, named(new QTabBar, "TabStrip1", tr("Pages of the settings")), pages_);
-    auto* status = new StatusBarView("st1", {1});
-    status->setSizeGripEnabled(false);
-    auto* rows = new QVBoxLayout(this);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setSpacing(0);
-    auto* inner = new QVBoxLayout;
-    inner->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    inner->addWidget(column);
-    rows->addLayout(inner, 1);
-    rows->addWidget(status);
+    lay_out_over_status_bar(column, "st1");
     setMinimumWidth(kLeastWidth);
     bind();
 }
