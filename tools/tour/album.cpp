@@ -16,7 +16,7 @@ constexpr int kTitleHeight = 24;
 
 int layer(const QWidget* window) {
     if (window->windowType() == Qt::Popup) return 2;
-    return window->isModal() ? 1 : 0;
+    return window->windowType() == Qt::Dialog ? 1 : 0;
 }
 
 // The main window first, what lies over it after that.
