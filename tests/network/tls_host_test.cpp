@@ -108,11 +108,11 @@ TEST_F(TlsHost, HearsNothingBeforeItsCertificateIsTrusted) {
     };
     const Case cases[] = {
         {authority_.identity({"other.example", "127.0.0.2"}),
-         "The host's certificate is for another name than the one the host was called by"},
+         "The host's certificate is for another name than the one it was called by"},
         {authority_.identity({"localhost", "", -10, -1}), "The host's certificate has expired"},
         {authority_.identity({"localhost", "", 1, 10}), "The host's certificate is not valid yet"},
         {self_signed_identity({"localhost", ""}),
-         "The host's certificate is signed by the host itself" + trust},
+         "The host's certificate is signed by itself, and by no authority" + trust},
         {CertificateAuthority().identity({"localhost", ""}),
          "The host's certificate is from an authority that this machine doesn't know" + trust},
     };

@@ -99,6 +99,7 @@ class TidyTest(unittest.TestCase):
             ("sample_network/wire/a.cpp", '"sample_network/faults/a.h"'),
             ("sample_network/faults/a.cpp", '"sample_network/wsman_session.h"'),
             ("src/adapters/wire/a.cpp", '"qt/qt_text.h"'),
+            ("src/adapters/qt/a.cpp", '"curl/curl_transfer.h"'),
             ("src/qt/a.h", '"platform/clock.h"'),
             ("src/ui/a.cpp", '"adapters/wire/pull.h"'),
             ("src/ui/a.cpp", '"app/events.h"'),
@@ -126,6 +127,7 @@ class TidyTest(unittest.TestCase):
             ("sample_network/wire/a.cpp", "adapters/wsman/basics/base64.h"),
             ("src/adapters/qt/a.cpp", "qt/qt_text.h"),
             ("src/ui/a.cpp", "qt/qt_text.h"),
+            ("src/adapters/wsman/http/a.cpp", "curl/curl_transfer.h"),
         ):
             self.write(path, f'#include "{include}"\n')
         self.assertEqual(self.findings(check_includes), [])

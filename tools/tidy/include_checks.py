@@ -36,11 +36,13 @@ _MAY_INCLUDE = {
     "platform": (),
     **{folder: _below(LOGIC_FLOORS, folder) + ("platform",) for folder in LOGIC},
     "qt": ("core",),
+    "curl": ("core",),
     "adapters": ("core", "platform"),
     "ui": LOGIC + ("platform", "qt"),
     "app": LOGIC + ("platform", "qt", "adapters", "ui"),
 }
-_QT_ADAPTERS = ["adapters", "qt"]
+# What several adapters over one library share.
+_SHARED = {"qt": ("qt",), "curl": ("curl", "wsman")}
 # The headers of C++'s standard library, its C headers in their C++ names, have no ending.
 _STANDARD = re.compile(r"(experimental/)?[a-z_0-9]+$")
 
@@ -85,5 +87,5 @@ def _problem_of(path, layer, opening, name):
     fits = _fits_rooms(own, folders)
     if fits is None:
         fits = folders[: len(own)] == own or folders[0] in _MAY_INCLUDE[layer]
-        fits = fits or (own == _QT_ADAPTERS and folders == ["qt"])
+        fits = fits or (own[0] == "adapters" and own[1] in _SHARED.get(folders[0], ()))
     return None if fits else f"{'/'.join(own)}/ may not include {name}"

@@ -3,67 +3,27 @@
 #include <sys/socket.h>
 
 #include <cerrno>
-#include <memory>
-#include <new>
 #include <system_error>
-#include <utility>
 
 #include "adapters/wsman/basics/failure.h"
 #include "adapters/wsman/basics/limits.h"
-#include "adapters/wsman/http/tls_error.h"
+#include "curl/certificate_failure.h"
 
 namespace tessarine {
 namespace {
 
-constexpr int kPollMilliseconds = 100;
-constexpr std::chrono::milliseconds kBetweenCalls{50};
 // libcurl drops a connection that was idle for longer; its own default is two minutes.
 constexpr long kLongestIdleSeconds = 3600;
 constexpr long kReceiveBuffer = 256L * 1024;
 
-using HeaderLines = std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)>;
-
-HeaderLines header_lines(const std::vector<std::string>& headers) {
-    HeaderLines lines(nullptr, curl_slist_free_all);
-    for (const std::string& header : headers) {
-        curl_slist* longer = curl_slist_append(lines.get(), header.c_str());
-        if (longer == nullptr) throw std::bad_alloc();
-        static_cast<void>(lines.release());
-        lines.reset(longer);
-    }
-    return lines;
-}
-
-// Attaches a transfer to its multi handle, and takes it off also when the caller's hook raises.
-class Attachment {
-  public:
-    Attachment(CURLM* multi, CURL* easy) : multi_(multi), easy_(easy) {
-        curl_multi_add_handle(multi_, easy_);
-    }
-    ~Attachment() { curl_multi_remove_handle(multi_, easy_); }
-    Attachment(const Attachment&) = delete;
-    Attachment& operator=(const Attachment&) = delete;
-
-  private:
-    CURLM* multi_;
-    CURL* easy_;
-};
-
 }  // namespace
 
 HttpConnection::HttpConnection(const HostAddress& address, const std::string& authorities)
-    : address_(address),
-      last_call_(std::chrono::steady_clock::now()),
-      easy_(curl_easy_init()),
-      multi_(curl_multi_init()) {
-    if (easy_ == nullptr || multi_ == nullptr) throw std::bad_alloc();
+    : address_(address), easy_(transfer_.handle()) {
     set_fixed_options();
-    if (address.protection == Protection::Tls) set_tls_options(authorities);
-}
-
-HttpConnection::~HttpConnection() {
-    curl_easy_cleanup(easy_);
-    curl_multi_cleanup(multi_);
+    if (address.protection != Protection::Tls) return;
+    transfer_.use_tls(authorities);
+    curl_easy_setopt(easy_, CURLOPT_CERTINFO, 1L);
 }
 
 void HttpConnection::set_fixed_options() {
@@ -71,8 +31,6 @@ void HttpConnection::set_fixed_options() {
     curl_easy_setopt(easy_, CURLOPT_URL, address_.url().c_str());
     curl_easy_setopt(easy_, CURLOPT_PROTOCOLS_STR, tls ? "https" : "http");
     curl_easy_setopt(easy_, CURLOPT_HTTP_VERSION, CURL_HTTP_VERSION_1_1);
-    curl_easy_setopt(easy_, CURLOPT_PROXY, "");
-    curl_easy_setopt(easy_, CURLOPT_NOSIGNAL, 1L);
     curl_easy_setopt(easy_, CURLOPT_POST, 1L);
     curl_easy_setopt(easy_, CURLOPT_MAXAGE_CONN, kLongestIdleSeconds);
     curl_easy_setopt(easy_, CURLOPT_CONNECTTIMEOUT, static_cast<long>(limits::kConnect.count()));
@@ -86,19 +44,10 @@ void HttpConnection::set_fixed_options() {
     curl_easy_setopt(easy_, CURLOPT_OPENSOCKETDATA, this);
 }
 
-// Verification of the certificate and of its name are libcurl's defaults, and stay.
-void HttpConnection::set_tls_options(const std::string& authorities) {
-    curl_easy_setopt(easy_, CURLOPT_SSLVERSION, CURL_SSLVERSION_TLSv1_2);
-    curl_easy_setopt(easy_, CURLOPT_CERTINFO, 1L);
-    if (authorities.empty()) return;
-    curl_easy_setopt(easy_, CURLOPT_CAINFO, authorities.c_str());
-    curl_easy_setopt(easy_, CURLOPT_CAPATH, nullptr);
-}
-
 const HttpAnswer& HttpConnection::post(const std::vector<std::string>& headers,
                                        std::string_view body, HttpPatience patience,
                                        const std::function<void()>& while_waiting) {
-    const HeaderLines lines = header_lines(headers);
+    const CurlList lines = curl_list(headers);
     curl_easy_setopt(easy_, CURLOPT_HTTPHEADER, lines.get());
     curl_easy_setopt(easy_, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(body.size()));
     curl_easy_setopt(easy_, CURLOPT_POSTFIELDS, body.data());
@@ -106,39 +55,11 @@ const HttpAnswer& HttpConnection::post(const std::vector<std::string>& headers,
     curl_easy_setopt(easy_, CURLOPT_TIMEOUT, static_cast<long>(patience.whole.count()));
     answer_.clear();
     header_bytes_ = 0;
-    last_word_ = std::chrono::steady_clock::now();
-    const CURLcode code = run(patience, while_waiting);
+    const CURLcode code = transfer_.run(patience.silence, while_waiting);
     if (code != CURLE_OK) fail(code);
     answered_ = true;
     curl_easy_getinfo(easy_, CURLINFO_RESPONSE_CODE, &answer_.status);
     return answer_;
-}
-
-// libcurl finds out about slow hosts, but only some seconds late about silent ones.
-CURLcode HttpConnection::run(HttpPatience patience, const std::function<void()>& while_waiting) {
-    const Attachment attachment(multi_, easy_);
-    for (int running = 1; running != 0; call_now_and_then(while_waiting)) {
-        CURLMcode code = curl_multi_perform(multi_, &running);
-        if (code == CURLM_OK && running != 0)
-            code = curl_multi_poll(multi_, nullptr, 0, kPollMilliseconds, nullptr);
-        if (code != CURLM_OK) raise_failure(curl_multi_strerror(code));
-        if (std::chrono::steady_clock::now() - last_word_ > patience.silence)
-            return CURLE_OPERATION_TIMEDOUT;
-    }
-    return finished_code();
-}
-
-CURLcode HttpConnection::finished_code() {
-    int left = 0;
-    const CURLMsg* message = curl_multi_info_read(multi_, &left);
-    return message == nullptr ? CURLE_RECV_ERROR : message->data.result;
-}
-
-void HttpConnection::call_now_and_then(const std::function<void()>& while_waiting) {
-    const auto now = std::chrono::steady_clock::now();
-    if (!while_waiting || now - last_call_ < kBetweenCalls) return;
-    last_call_ = now;
-    while_waiting();
 }
 
 void HttpConnection::fail(CURLcode code) const {
@@ -182,7 +103,7 @@ std::string HttpConnection::tls_failure_text(CURLcode code) const {
                " of the host doesn't speak TLS 1.2 or later";
     long result = 0;
     curl_easy_getinfo(easy_, CURLINFO_SSL_VERIFYRESULT, &result);
-    return certificate_failure_text(result);
+    return certificate_failure_text("host", result);
 }
 
 std::string HttpConnection::server_certificate() const {
@@ -199,7 +120,7 @@ std::string HttpConnection::server_certificate() const {
 std::size_t HttpConnection::on_header(char* bytes, std::size_t size, std::size_t count,
                                       void* connection) {
     auto& self = *static_cast<HttpConnection*>(connection);
-    self.last_word_ = std::chrono::steady_clock::now();
+    self.transfer_.peer_spoke();
     self.header_bytes_ += size * count;
     self.too_large_ = self.header_bytes_ > limits::kAnswerHeaders;
     if (self.too_large_) return 0;
@@ -210,7 +131,7 @@ std::size_t HttpConnection::on_header(char* bytes, std::size_t size, std::size_t
 std::size_t HttpConnection::on_body(char* bytes, std::size_t size, std::size_t count,
                                     void* connection) {
     auto& self = *static_cast<HttpConnection*>(connection);
-    self.last_word_ = std::chrono::steady_clock::now();
+    self.transfer_.peer_spoke();
     self.too_large_ = self.answer_.body.size() + size * count > limits::kAnswerBody;
     if (self.too_large_) return 0;
     self.answer_.body.append(bytes, size * count);

@@ -11,6 +11,7 @@
 
 #include "adapters/wsman/basics/host_address.h"
 #include "adapters/wsman/http/http_answer.h"
+#include "curl/curl_transfer.h"
 
 namespace tessarine {
 
@@ -26,7 +27,6 @@ class HttpConnection {
     /// with a certificate for the host's name from one of the system's authorities, or from those
     /// in the file `authorities` (PEM) where that is not empty.
     explicit HttpConnection(const HostAddress& address, const std::string& authorities = {});
-    ~HttpConnection();
     HttpConnection(const HttpConnection&) = delete;
     HttpConnection& operator=(const HttpConnection&) = delete;
 
@@ -47,10 +47,6 @@ class HttpConnection {
 
   private:
     void set_fixed_options();
-    void set_tls_options(const std::string& authorities);
-    CURLcode run(HttpPatience patience, const std::function<void()>& while_waiting);
-    CURLcode finished_code();
-    void call_now_and_then(const std::function<void()>& while_waiting);
     std::string failure_text(CURLcode code) const;
     [[noreturn]] void fail(CURLcode code) const;
     std::string connect_failure_text(int number) const;
@@ -64,10 +60,8 @@ class HttpConnection {
                                         curl_sockaddr* address);
 
     HostAddress address_;
-    std::chrono::steady_clock::time_point last_call_;
-    std::chrono::steady_clock::time_point last_word_;  // of the host
-    CURL* easy_;
-    CURLM* multi_;
+    CurlTransfer transfer_;
+    CURL* easy_;  // of the transfer
     HttpAnswer answer_;
     std::size_t header_bytes_ = 0;
     bool too_large_ = false;
