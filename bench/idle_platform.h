@@ -13,6 +13,7 @@
 #include "platform/dialogs.h"
 #include "platform/event_source.h"
 #include "platform/form_windows.h"
+#include "platform/mail_sender.h"
 #include "platform/program.h"
 #include "platform/settings_values.h"
 #include "platform/shell.h"
@@ -71,6 +72,10 @@ class IdleWorkbooks final : public Workbooks {
     std::string write(const std::vector<Sheet>&) override { return {}; }
 };
 
+class IdleMailSender final : public MailSender {
+    void send(const Mail&, MailEvents&) override {}
+};
+
 class IdleShell final : public Shell {
     void open(const std::string&) override {}
     bool has_program_for(const std::string&) override { return false; }
@@ -98,6 +103,7 @@ struct IdlePlatform {
     IdleClipboard clipboard;
     IdleChartPicture chart_picture;
     IdleWorkbooks workbooks;
+    IdleMailSender mail_sender;
     IdleShell shell;
     IdleProgram program;
 
@@ -115,6 +121,7 @@ struct IdlePlatform {
                 .clipboard = clipboard,
                 .chart_picture = chart_picture,
                 .workbooks = workbooks,
+                .mail_sender = mail_sender,
                 .shell = shell,
                 .program = program,
                 .table_memory = &table_memory,

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "adapters/curl/smtp_mail_sender.h"
 #include "adapters/qt/qt_clipboard.h"
 #include "adapters/qt/qt_program.h"
 #include "adapters/qt/qt_shell.h"
@@ -51,6 +52,7 @@ struct ConsoleProgram::Parts {
     SystemClock clock;
     SqliteSettings settings{program.application_directory() + "/settings.db"};
     WsmanEventSource events{{.while_waiting = [this] { windows.tick(); }}};
+    SmtpMailSender mail{files, {.while_waiting = [this] { windows.tick(); }}};
     LargePageMemory memory;
     PrivateMemory secret_memory;
     Console console{{.event_source = events,
@@ -64,6 +66,7 @@ struct ConsoleProgram::Parts {
                      .clipboard = clipboard,
                      .chart_picture = chart_picture,
                      .workbooks = workbooks,
+                     .mail_sender = mail,
                      .shell = shell,
                      .program = program,
                      .table_memory = &memory,

@@ -22,6 +22,7 @@
 #include "hosts/preaudited_hosts.h"
 #include "patterns/code_lists.h"
 #include "report/html_page.h"
+#include "schedule/mail.h"
 #include "schedule/scheduled_audit.h"
 #include "search/search.h"
 #include "viewer/event_details.h"
@@ -186,6 +187,7 @@ constexpr std::array kEvents = {
     ControlEvent{Form3, "Command4", Click, plain<browse_for_host_file>},
     ControlEvent{Form3, "Command7", Click, plain<save_schedule>},
     ControlEvent{Form3, "Command3", Click, plain<save_mail_settings>},
+    ControlEvent{Form3, "Command1", Click, plain<test_mail_settings>},
 
     // The schedule.
     ControlEvent{Form1, "tmrAutoAudit", Timer, plain<tick_schedule>},

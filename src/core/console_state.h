@@ -25,6 +25,7 @@ class DirectoryListing;
 class EventSource;
 class Files;
 class FormWindows;
+class MailSender;
 class Program;
 class SettingsValues;
 class Shell;
@@ -52,6 +53,7 @@ struct Platform {
     Clipboard& clipboard;
     ChartPicture& chart_picture;
     Workbooks& workbooks;
+    MailSender& mail_sender;
     Shell& shell;
     Program& program;
     /// Memory for large tables.

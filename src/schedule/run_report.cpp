@@ -23,9 +23,9 @@ constexpr AlertForm kAlertForms[] = {
 
 void RunReport::open(Console& console) {
     Files& files = console.platform.files;
-    file_ = files.open(
-        run_report_path(files, console.Form3->txtLogPath.text, console.platform.clock.now().date),
-        OpenFor::Writing);
+    path_ =
+        run_report_path(files, console.Form3->txtLogPath.text, console.platform.clock.now().date);
+    file_ = files.open(path_, OpenFor::Writing);
 }
 
 void RunReport::begin_host() {
@@ -47,6 +47,7 @@ void RunReport::add_success(const std::string& host) {
 }
 
 void RunReport::add_alert(EventLog log, const EventRecord& record) {
+    has_alerts_ = true;
     for (const AlertForm& form : kAlertForms) {
         if (form.log != log) continue;
         std::string line = form.begin;

@@ -29,9 +29,15 @@ class RunReport {
 
     void close();
 
+    const std::string& path() const { return path_; }
+    /// Whether any event was on the alert list.
+    bool has_alerts() const { return has_alerts_; }
+
   private:
     void add_line(const std::string& line);
 
+    std::string path_;
+    bool has_alerts_ = false;
     std::unique_ptr<File> file_;
 };
 

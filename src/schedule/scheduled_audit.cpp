@@ -12,6 +12,7 @@
 #include "core/text.h"
 #include "platform/clock.h"
 #include "platform/files.h"
+#include "schedule/mail.h"
 #include "schedule/run_report.h"
 #include "store/log_files.h"
 #include "store/record_reader.h"
@@ -131,6 +132,12 @@ void AutoAudit(Console& console) {
         audit_and_report(console, upper_text(line), scope, report);
     hosts->close();
     report.close();
+    // KEEP(mail-after-every-run): a mail for matches alone would tell those who wait for it nothing
+    // of a run that didn't take place.
+    if (!console.end_wanted && console.Form3->Check6.value == 1)
+        SendMailToEndUser(
+            console, report.path(),
+            report.has_alerts() ? "Tessarine-Pattern Match Alert" : "Tessarine-No Alerts");
     form.AutoAuditRunning = false;
     if (console.end_wanted) return;
     form.st1.set_text(5, "");

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QVBoxLayout>
 
+#include "core/console_state.h"
 #include "core/run_event.h"
 #include "qt/qt_text.h"
 #include "ui/form_access.h"
@@ -45,12 +46,21 @@ void FormDialog::refresh() {
 }
 
 void FormDialog::close_form() {
-    if (door_.held()) return;
+    if (door_.held()) {
+        close_wanted_in_ = door_.console().events_running;
+        return;
+    }
     if (door_.leads_on(form_, form_.name, EventKind::CloseBox)) {
         door_.raise(form_, form_.name, EventKind::CloseBox);
     } else {
         run_event(door_.console(), [this](Console& console) { unload_form(console, form_); });
     }
+}
+
+void FormDialog::event_ended(int events_running) {
+    if (events_running >= close_wanted_in_) return;
+    close_wanted_in_ = 0;
+    close_form();
 }
 
 // The form decides whether its window closes.

@@ -23,6 +23,10 @@ class FormDialog : public QDialog {
     /// Shows what the form holds now, and hides when the form is hidden or unloaded.
     virtual void refresh();
 
+    /// Closes when its close box was pressed in the midst of an event that has ended now;
+    /// `events_running` are left.
+    void event_ended(int events_running);
+
     FormId form() const { return form_; }
 
   protected:
@@ -36,6 +40,7 @@ class FormDialog : public QDialog {
   private:
     EventDoor& door_;
     FormId form_;
+    int close_wanted_in_ = 0;
     ControlBinder* binder_ = nullptr;
 };
 

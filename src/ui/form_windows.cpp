@@ -91,11 +91,14 @@ void QtFormWindows::show_pointer() {
 
 void QtFormWindows::show_progress() {
     main_window_->refresh_progress();
+    for (FormDialog* dialog : dialogs_) dialog->refresh();
     show_pointer();
 }
 
 void QtFormWindows::tick() {
-    if (repainter_ != nullptr) repainter_->tick();
+    if (door_ == nullptr) return;
+    gate_.shut_for_event(door_->console().events_running);
+    repainter_->tick();
 }
 
 void QtFormWindows::let_events_pass() {
@@ -106,7 +109,9 @@ void QtFormWindows::let_events_pass() {
 
 void QtFormWindows::event_ended() {
     if (door_ == nullptr) return;
-    gate_.event_ended(door_->console().events_running);
+    const int events_running = door_->console().events_running;
+    gate_.event_ended(events_running);
+    for (FormDialog* dialog : dialogs_) dialog->event_ended(events_running);
     refresh();
 }
 

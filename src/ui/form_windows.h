@@ -34,7 +34,8 @@ class QtFormWindows : public FormWindows {
 
     /// Shows what all forms hold now.
     void refresh();
-    /// Lets the windows paint if it is time to; for waits within a routine.
+    /// Lets the windows paint if it is time to; for waits within a routine, until whose end keys
+    /// and mouse lead nowhere.
     void tick();
 
     void let_events_pass() override;

@@ -1,6 +1,7 @@
 #include "ui/input_gate.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QToolTip>
 
@@ -19,6 +20,7 @@ void InputGate::event_ended(int events_running) {
 }
 
 bool InputGate::eventFilter(QObject*, QEvent* event) {
+    if (qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr) return false;
     // At the end of the click, since a release takes tips away.
     const bool ends_click = event->type() == QEvent::MouseButtonRelease;
     if (ends_click && !message_.isEmpty())

@@ -1,4 +1,4 @@
-// Keeps the user from the windows while hosts are audited.
+// Keeps the user from the windows while the console waits for a host or a mail server.
 #pragma once
 
 #include <QObject>
@@ -6,8 +6,9 @@
 
 namespace tessarine {
 
-/// While it is shut, keys and mouse lead nowhere. A modal dialog would do as much, but the window
-/// system's wish to close a window never gets past one, and the close box is to be heard.
+/// While it is shut, keys and mouse lead nowhere but to the buttons of a message. A modal dialog
+/// would do as much, but the window system's wish to close a window never gets past one, and the
+/// close box is to be heard.
 class InputGate : public QObject {
     Q_OBJECT
 

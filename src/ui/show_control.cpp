@@ -95,11 +95,14 @@ void show_control(const SecretBox& control, QWidget& widget) {
 
 void show_control(const ListBox& control, QWidget& widget) {
     auto* list = qobject_cast<QListWidget*>(&widget);
-    const int count = static_cast<int>(control.items.size());
-    if (list == nullptr || list->count() == count) return;
-    if (list->count() > count) list->clear();
-    for (int line = list->count(); line < count; ++line)
-        list->addItem(to_qt(control.items[static_cast<std::size_t>(line)]));
+    if (list == nullptr) return;
+    QStringList shown;
+    for (int line = 0; line < list->count(); ++line) shown += list->item(line)->text();
+    QStringList wanted;
+    for (const std::string& item : control.items) wanted += to_qt(item);
+    if (shown == wanted) return;
+    list->clear();
+    list->addItems(wanted);
     list->scrollToBottom();
 }
 

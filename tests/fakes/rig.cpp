@@ -43,6 +43,7 @@ Rig::Rig(std::span<const ControlEvent> events)
                .clipboard = clipboard,
                .chart_picture = chart_picture,
                .workbooks = workbooks,
+               .mail_sender = mail,
                .shell = shell,
                .program = program}) {
     windows.attach(console);

@@ -14,6 +14,7 @@
 #include "fakes/memory_files.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/scripted_hosts.h"
+#include "fakes/scripted_mail.h"
 #include "fakes/scripted_probe.h"
 #include "fakes/scripted_windows.h"
 #include "fakes/timeline.h"
@@ -108,6 +109,7 @@ struct Rig {
     RecordedClipboard clipboard;
     WrittenChartPicture chart_picture{clipboard};
     RecordedWorkbooks workbooks;
+    ScriptedMail mail;
     RecordedShell shell;
     FakeProgram program;
     ScriptedHosts network;

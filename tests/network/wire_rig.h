@@ -132,6 +132,7 @@ class WireRig {
                      .clipboard = fakes_.clipboard,
                      .chart_picture = fakes_.chart_picture,
                      .workbooks = fakes_.workbooks,
+                     .mail_sender = fakes_.mail,
                      .shell = fakes_.shell,
                      .program = fakes_.program}};
 };

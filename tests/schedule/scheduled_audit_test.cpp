@@ -193,6 +193,37 @@ TEST_F(ScheduledAudit, GoesOverAThousandHostsInTheOrderOfTheFile) {
     EXPECT_TRUE(rig.files.bytes(kReport) == expected);
 }
 
+// KEEP(mail-after-every-run)
+TEST_F(ScheduledAudit, MailsItsReportWhetherAnythingMatchedOrNot) {
+    rig.run(AutoAudit);
+    EXPECT_TRUE(rig.mail.sent.empty()) << "not asked for";
+    form.Check6.value = 1;
+    rig.mail.during_send = [this] {
+        EXPECT_NE(rig.files.bytes(kReport), "") << "the report is on disk before";
+        EXPECT_TRUE(rig.console.Form1.AutoAuditRunning);
+        EXPECT_EQ(rig.console.Form1.st1.text(5), "Sending Mail..");
+    };
+    for (const auto& [code, subject] :
+         {std::pair{"1", "Tessarine-No Alerts"}, {"4201", "Tessarine-Pattern Match Alert"}}) {
+        rig.console.Form1.AlertList.add_row(code, 0);
+        rig.console.Form1.LastAutoAuditDate.clear();
+        rig.run(AutoAudit);
+        EXPECT_EQ(rig.mail.sent.back().subject, subject);
+        EXPECT_EQ(rig.mail.sent.back().attachment, kReport);
+        EXPECT_EQ(panels(), "[Auto Audit Finished At 2/20/2024 9:05:00 AM][][][][]\n");
+    }
+    EXPECT_EQ(rig.mail.sent.size(), 2u);
+    // A run that the user ends has no mail; one that fails to send it has ended all the same.
+    rig.console.Form1.LastAutoAuditDate.clear();
+    rig.mail.explanation = "refused";
+    rig.run(AutoAudit);
+    EXPECT_FALSE(rig.console.Form1.AutoAuditRunning);
+    rig.console.Form1.LastAutoAuditDate.clear();
+    rig.network.hosts["PC1"].before_record = [&](int, int) { end_after_event(rig.console); };
+    rig.run(AutoAudit);
+    EXPECT_EQ(rig.mail.sent.size(), 3u);
+}
+
 TEST_F(ScheduledAudit, AnEmptyHostFileGivesAnEmptyReport) {
     rig.files.put(kReport, "of an earlier run");
     rig.files.put("/hosts.txt", "");

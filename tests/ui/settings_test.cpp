@@ -3,14 +3,17 @@
 
 #include <QAccessible>
 #include <QClipboard>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTest>
 #include <QToolButton>
 
+#include "core/run_event.h"
 #include "core/scramble.h"
 #include "core/settings_store.h"
 #include "ui/window_rig.h"
@@ -191,6 +194,50 @@ TEST(Settings, TheListOfTheTestShowsItsLastLine) {
         dialog.close();
     });
     window.trigger("settings");
+}
+
+// The mail server takes half a second, in which the user tries this and that.
+TEST(Settings, ATestMailShowsItsLinesAsTheyComeAndClosesTheDialogAfterwards) {
+    WindowRig window;
+    window.start();
+    window.rig.mail.status_lines = {"> QUIT"};
+    window.when_open("Form3", [&](QWidget& dialog) {
+        open_page(dialog, 3);
+        auto& list = in<QListWidget>(dialog, "lstStatus");
+        window.rig.mail.during_send = [&] {
+            window.console.Form3->lstStatus.items.push_back("< 220 ready");
+            QTimer::singleShot(100, &dialog, [&] {
+                EXPECT_EQ(list.count(), 1);
+                press(dialog, "Command1");
+                dialog.close();
+                EXPECT_TRUE(dialog.isVisible());
+            });
+            QElapsedTimer clock;
+            for (clock.start(); !clock.hasExpired(300);) window.windows.tick();
+        };
+        press(dialog, "Command1");
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    window.trigger("settings");
+    EXPECT_EQ(window.rig.mail.sent.size(), 1U) << "no second one meanwhile";
+}
+
+// Nobody could go on otherwise.
+TEST(Settings, AMessageIsAnsweredAlsoWhileTheWindowsAreOutOfReach) {
+    WindowRig window;
+    window.start();
+    bool answered = false;
+    run_event(window.console, [&](Console&) {
+        window.windows.tick();
+        QTimer::singleShot(100, &window.windows.main_window(), [] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+            if (box->isVisible()) box->done(-1);
+        });
+        QMessageBox box(QMessageBox::Critical, "Tessarine", "Sorry", QMessageBox::Ok);
+        answered = box.exec() == QMessageBox::Ok;
+    });
+    EXPECT_TRUE(answered);
 }
 
 }  // namespace

@@ -35,6 +35,7 @@ WindowRig::WindowRig(std::span<const ControlEvent> events)
                .clipboard = rig.clipboard,
                .chart_picture = rig.chart_picture,
                .workbooks = rig.workbooks,
+               .mail_sender = rig.mail,
                .shell = rig.shell,
                .program = rig.program}) {
     windows.open(console, events);

@@ -74,7 +74,9 @@ struct SettingsForm : FormBase {
             "Without this file a run doesn't take place, and none does any more until the "
             "console is started again"};
     CommandButton Command4{"Browse", "A cancelled choice empties the field"};
-    CheckBox Check6{"Send Email Alert On Alert Pattern Match", "No mail is sent in this version"};
+    CheckBox Check6{
+        "Send Email Alert On Alert Pattern Match",
+        "The mail goes out after every run: its subject tells whether an event matched"};
     CommandButton Command7{"&Save", kSavesThisPage};
 
     // Mail.
