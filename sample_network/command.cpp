@@ -95,14 +95,22 @@ void HeldSignals::wait_for_end(bool until_input_ends) const {
 
 int HeldSignals::run_command(const Texts& arguments, const Texts& environment) const {
     checked(prctl(PR_SET_CHILD_SUBREAPER, 1), "prctl");
+    const int status = wait_for_command(fork_command(arguments, environment));
+    end_leftovers();
+    return exit_status(status);
+}
+
+void HeldSignals::start(const Texts& arguments, const Texts& environment) const {
+    fork_command(arguments, environment);
+}
+
+pid_t HeldSignals::fork_command(const Texts& arguments, const Texts& environment) const {
     const std::vector<char*> argument_pointers = pointers(arguments);
     const std::vector<char*> variables = pointers(environment);
     const pid_t self = getpid();
     const pid_t command = checked(fork(), "fork");
     if (command == 0) become_command(argument_pointers, variables, self);
-    const int status = wait_for_command(command);
-    end_leftovers();
-    return exit_status(status);
+    return command;
 }
 
 void HeldSignals::become_command(const std::vector<char*>& arguments,

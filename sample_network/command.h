@@ -22,12 +22,16 @@ class HeldSignals {
     /// Waits for a signal to end, or, where `until_input_ends`, for the end of standard input.
     void wait_for_end(bool until_input_ends) const;
 
+    /// Starts a program that runs beside this process, and ends with it at the latest.
+    void start(const Texts& arguments, const Texts& environment) const;
+
     /// Runs `arguments` in `environment` and waits. Signals to end are handed on; whatever the
     /// program leaves running is ended with it, and everything is ended with this process. Returns
     /// its exit status, 128 + N when signal N ended it, 127 when it can't be started.
     int run_command(const Texts& arguments, const Texts& environment) const;
 
   private:
+    pid_t fork_command(const Texts& arguments, const Texts& environment) const;
     [[noreturn]] void become_command(const std::vector<char*>& arguments,
                                      const std::vector<char*>& environment, pid_t parent) const;
     int wait_for_command(pid_t command) const;

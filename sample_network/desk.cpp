@@ -8,6 +8,7 @@
 #include "core/code_page.h"
 #include "core/scramble.h"
 #include "core/settings_store.h"
+#include "sample_network/mail_server.h"
 #include "sample_network/wire/user_list.h"
 
 namespace tessarine::sample {
@@ -34,7 +35,7 @@ std::string alert_list() {
     return lines;
 }
 
-// The settings under which an audit signs in as the sample user.
+// The settings under which an audit signs in as the sample user, and mails go to the sample server.
 void write_settings_unless_there(const std::filesystem::path& path) {
     if (std::filesystem::exists(path)) return;
     SqliteSettings settings(from_utf8(path.string()));
@@ -44,6 +45,9 @@ void write_settings_unless_there(const std::filesystem::path& path) {
     write("altuser", std::string(kSampleDomain) + "\\" + kSampleUser);
     write("altpass", Scramble(kSamplePassword, kScrambleKey));
     write("usealtcred", "true");
+    write("mailsmtp", kMailServer);
+    write("mailfrom", "console@sample.example");
+    write("mailto", "admin@sample.example");
 }
 
 }  // namespace

@@ -9,8 +9,8 @@
 namespace tessarine::sample {
 
 /// Makes the folder where it is missing, and in it the host list hosts.txt, the alert list
-/// alertpatterns.txt and the settings with the sample user, each unless it is there. Raises a
-/// std::runtime_error.
+/// alertpatterns.txt and the settings with the sample user and the mail server, each unless it is
+/// there. Raises a std::runtime_error.
 void prepare_desk(const std::filesystem::path& folder, const std::vector<SampleHost>& hosts);
 
 }  // namespace tessarine::sample

@@ -11,6 +11,7 @@
 #include "sample_network/command.h"
 #include "sample_network/desk.h"
 #include "sample_network/faults/fault_hosts.h"
+#include "sample_network/mail_server.h"
 #include "sample_network/options.h"
 #include "sample_network/private_network.h"
 #include "sample_network/sample_network.h"
@@ -67,6 +68,17 @@ int serve_loopback(const Options& options, const HeldSignals& signals) {
     return EXIT_SUCCESS;
 }
 
+void serve_mail(const Options& options, const HeldSignals& signals, const Texts& environment) {
+    const std::filesystem::path folder = options.desk / "mail";
+    const bool started = start_mail_server(signals, folder, environment);
+    if (options.quiet) return;
+    if (started)
+        std::cerr << "The mail server " << kMailServer << " puts mails into "
+                  << (folder / "new").string() << '\n';
+    else
+        std::cerr << "No mail server: aiosmtpd is missing\n";
+}
+
 int serve(const Options& options, const HeldSignals& signals, const std::vector<SampleHost>& hosts,
           const CertificateAuthority& authority, DownHosts down_hosts) {
     // The command must not find the hosts' user list in its environment.
@@ -75,6 +87,7 @@ int serve(const Options& options, const HeldSignals& signals, const std::vector<
     SampleNetwork network(hosts, authority);
     network.listen(down_hosts);
     if (!options.quiet) describe(hosts);
+    if (!options.desk.empty()) serve_mail(options, signals, environment);
     const Texts command = command_of(options);
     if (!command.empty()) return signals.run_command(command, environment);
     std::cerr << "Running until Ctrl-C\n";
@@ -104,8 +117,9 @@ int run(const Options& options, const Texts& arguments) {
     const auto say = [&](const std::string& text) {
         if (!options.quiet) std::cerr << text << '\n';
     };
+    const std::string names = hosts_file_lines(hosts) + kMailServerLine;
     if (options.network != NetworkChoice::Wrapped) {
-        const auto problem = enter_private_network(hosts_file_lines(hosts), authority.pem());
+        const auto problem = enter_private_network(names, authority.pem());
         if (!problem) {
             say("Using a private network");
             return serve(options, signals, hosts, authority, DownHosts::Silent);
@@ -114,7 +128,7 @@ int run(const Options& options, const Texts& arguments) {
         say("No private network here: " + *problem);
     }
     say("Using the wrapper libraries: nobody trusts the hosts with TLS here");
-    return serve_wrapped(signals, arguments, hosts_file_lines(hosts));
+    return serve_wrapped(signals, arguments, names);
 }
 
 }  // namespace

@@ -22,7 +22,8 @@ reached over TCP, as with ssh -X, is out of COMMAND's reach.
   --list-faults            all faults, one a line, with what N is by default
   --desk DIR               prepare DIR as application directory of the console: host
                            list, alert list, and settings with the sample user; what
-                           is there already stays
+                           is there already stays. A mail server comes up as well, and
+                           puts all mails into DIR/mail/new
   --network private        use a private network, or fail
   --network wrapped        use the wrapper libraries (libsocket-wrapper, libnss-wrapper)
   --tls                    the hosts answer over TLS alone, at port 5986
