@@ -41,6 +41,8 @@ class Tour {
     QStringList hosts_for_a_run() const;
     void schedule_a_run_for_now(const User& in_dialog);
     void await_the_scheduled_run();
+    void show_report_and_mail();
+    void show_text(const QString& title, const QString& path);
     void show_about();
     void keep_store();
 
