@@ -72,7 +72,8 @@ TEST_F(ScheduledAudit, ReportsEachHostInABlockOfItsOwn) {
     rig.console.Form1.AlertList.add_row("4625", 0);
     for (const char* code : {"w32", "7"}) rig.console.Form1.AlertList.add_row(code, 0);
     rig.console.Form1.AlertList.add_row("W32", 0);
-    rig.files.put("/hosts.txt", "pc1\r\n\r\n\\\\pc3\r\npc2");
+    rig.files.put("/hosts.txt", "pc1\r\n\r\n\\\\pc3\r\npc2\r\n../pc1\r\n\\\\PC3");
+    rig.probe.answers["../PC1"] = fakes::kConnects;
     rig.network.hosts["PC1"].records = {
         HostEvent{.LogFile = "Security", .EventCode = "4625"}, HostEvent{.EventCode = "W32"},
         HostEvent{.LogFile = "Application", .EventCode = "7", .ComputerName = "other"},
@@ -89,7 +90,11 @@ TEST_F(ScheduledAudit, ReportsEachHostInABlockOfItsOwn) {
               "#############\r\n \r\n  - Error: Host Down or Remote Port Blocked\r\n"
               "#############\r\n \r\n\\\\PC3  - Ok: Audit Success\r\n"
               "#############\r\n \r\n"
-              "PC2  - Error: Audit Error - The host refused the credentials - Audit error\r\n");
+              "PC2  - Error: Audit Error - The host refused the credentials - Audit error\r\n"
+              "#############\r\n \r\n"
+              "../PC1  - Error: Audit Error - The host name \"../PC1\" can't name a file - Audit "
+              "error\r\n"
+              "#############\r\n \r\n\\\\PC3  - Ok: Audit Success\r\n");
     EXPECT_FALSE(rig.console.Form1.AutoAuditRunning);
 }
 
@@ -189,8 +194,10 @@ TEST_F(ScheduledAudit, GoesOverAThousandHostsInTheOrderOfTheFile) {
         }
     }
     rig.files.put("/hosts.txt", hosts);
+    form.Check6.value = 1;
     rig.run(AutoAudit);
     EXPECT_TRUE(rig.files.bytes(kReport) == expected);
+    EXPECT_EQ(rig.mail.sent.size(), 1u);
 }
 
 // KEEP(mail-after-every-run)

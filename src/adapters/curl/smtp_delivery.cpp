@@ -40,12 +40,17 @@ std::string angled(const std::string& address) {
     return "<" + to_utf8(address) + ">";
 }
 
-// What libcurl tells of a connection, and a user of a mail server may want to know.
-bool is_worth_a_note(std::string_view text) {
-    constexpr std::string_view kBegins[] = {"  Trying ", "Connected to ", "connect to ",
+// What libcurl tells of a connection, and a user of a mail server may want to know; all else is
+// empty.
+std::string_view note_of(std::string_view text) {
+    constexpr std::string_view kBegins[] = {"Trying ", "Connected to ", "connect to ",
                                             "SSL connection using "};
-    return std::any_of(std::begin(kBegins), std::end(kBegins),
-                       [&](std::string_view begin) { return text.starts_with(begin); });
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    const bool is_noted =
+        std::any_of(std::begin(kBegins), std::end(kBegins),
+                    [&](std::string_view begin) { return text.starts_with(begin); });
+    // The number of the connection follows.
+    return is_noted ? text.substr(0, text.find(" (#")) : std::string_view();
 }
 
 }  // namespace
@@ -226,7 +231,7 @@ int SmtpDelivery::on_talk(CURL* easy, curl_infotype kind, char* bytes, std::size
                           void* delivery) {
     auto& self = *static_cast<SmtpDelivery*>(delivery);
     const std::string_view text(bytes, size);
-    if (kind == CURLINFO_TEXT && is_worth_a_note(text)) self.talk_.note(text);
+    if (kind == CURLINFO_TEXT) self.talk_.note(note_of(text));
     if (kind == CURLINFO_HEADER_OUT) self.talk_.say(text);
     if (kind == CURLINFO_DATA_OUT) self.talk_.begin_content();
     if (kind != CURLINFO_HEADER_IN) return 0;
