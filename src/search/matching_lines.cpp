@@ -1,5 +1,7 @@
 #include "search/matching_lines.h"
 
+#include <algorithm>
+
 #include "store/line_bounds.h"
 
 namespace tessarine {
@@ -31,7 +33,7 @@ bool MatchingLines::read_block() {
     std::size_t used = lines_end_;
     position_ = lines_end_ = 0;
     while (lines_end_ == 0 && !blocks_.ended()) {
-        const std::size_t known = blocks_.bytes().size() - used;
+        const std::size_t known = std::min(blocks_.bytes().size() - used, kLongestLine);
         blocks_.read_on(used);
         used = 0;
         const std::string_view fresh = blocks_.bytes().substr(known);

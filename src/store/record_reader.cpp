@@ -1,5 +1,7 @@
 #include "store/record_reader.h"
 
+#include <algorithm>
+
 #include "store/line_bounds.h"
 
 namespace tessarine {
@@ -20,7 +22,7 @@ bool RecordReader::next(std::string_view& line) {
                 ++start_;
             return true;
         }
-        searched = end - start_;
+        searched = std::min(end - start_, kLongestLine);
         blocks_.read_on(start_);
         start_ = 0;
     }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/text.h"
+#include "fakes/dripping_file.h"
 #include "fakes/memory_files.h"
 
 namespace tessarine {
@@ -41,31 +42,21 @@ Lines expected_lines(const std::string& text, const std::string& bytes) {
     return lines;
 }
 
-// Gives its bytes in pieces.
-class Dripping final : public File {
-  public:
-    Dripping(std::string_view bytes, std::size_t piece) : rest_(bytes), piece_(piece) {}
-    std::size_t read(char* buffer, std::size_t size) override {
-        const std::size_t given = std::min({size, piece_, rest_.size()});
-        rest_.copy(buffer, given);
-        rest_.remove_prefix(given);
-        return given;
-    }
-    void write(std::string_view) override {}
-    void flush() override {}
-    void close() override {}
-
-  private:
-    std::string_view rest_;
-    std::size_t piece_;
-};
-
 // KEEP(search-takes-bars-for-blanks)
 TEST(MatchingLines, GoesOverTheBordersOfFieldsAndFindsNoBar) {
     EXPECT_EQ(lines_with("B c", "a|b|c|d\r\nab c\r\nb\r\nc\r\n"), (Lines{"a|b|c|d", "ab c"}));
     EXPECT_EQ(lines_with(" ", "|\n"), Lines{"|"});
     EXPECT_EQ(lines_with("b|c", "a|b|c|d\r\n"), Lines{});
     EXPECT_EQ(lines_with("|", "|\r\n"), Lines{});
+}
+
+// The end of the second line and of its text lies beyond what is kept of it.
+TEST(MatchingLines, PassesOverWhatALineHasTooMuch) {
+    const std::string whole(kLongestLine + 1'000'000, 'z');
+    EXPECT_EQ(lines_with("ab", "ab\r\n" + whole + "abc\r\nab"), (Lines{"ab", "ab"}));
+    const Lines found = lines_with("zz", whole + "abc\n");
+    ASSERT_EQ(found.size(), 1u);
+    EXPECT_EQ(found[0].size(), kLongestLine);
 }
 
 TEST(MatchingLines, FoldsTheLettersOfTheCodePage) {
@@ -121,7 +112,7 @@ TEST(MatchingLines, GivesTheLinesThatASearchLineByLineGives) {
     };
     for (int i = 0; i < 4'000; ++i) {
         const std::string text = letters(i % 5), bytes = letters(i % 400);
-        Dripping file(bytes, 1 + random() % 500);
+        fakes::DrippingFile file(bytes, 1 + random() % 500);
         MatchingLines matching(text);
         for (int time = 0; time < 2; ++time) {
             matching.start(file);
@@ -129,7 +120,7 @@ TEST(MatchingLines, GivesTheLinesThatASearchLineByLineGives) {
             for (std::string_view line; matching.next(line);) lines.emplace_back(line);
             ASSERT_EQ(lines, expected_lines(text, bytes))
                 << "'" << text << "' in '" << bytes << "'";
-            file = Dripping(bytes, 7);
+            file = fakes::DrippingFile(bytes, 7);
         }
     }
 }

@@ -8,32 +8,13 @@
 #include <string_view>
 #include <vector>
 
+#include "fakes/dripping_file.h"
+
 namespace tessarine {
 namespace {
 
-// A file that gives at most `step` bytes at a time.
-class SteppedFile final : public File {
-  public:
-    SteppedFile(std::string bytes, std::size_t step) : bytes_(std::move(bytes)), step_(step) {}
-
-    std::size_t read(char* buffer, std::size_t size) override {
-        const std::size_t given = std::min({size, step_, bytes_.size() - position_});
-        std::copy_n(bytes_.data() + position_, given, buffer);
-        position_ += given;
-        return given;
-    }
-    void write(std::string_view) override { FAIL(); }
-    void flush() override {}
-    void close() override {}
-
-  private:
-    std::string bytes_;
-    std::size_t step_;
-    std::size_t position_ = 0;
-};
-
 std::vector<std::string> lines_of(const std::string& bytes, std::size_t step) {
-    SteppedFile file(bytes, step);
+    fakes::DrippingFile file(bytes, step);
     RecordReader reader(file);
     std::vector<std::string> lines;
     std::string_view line;
@@ -92,6 +73,26 @@ TEST(RecordReader, GrowsForALineThatIsLongerThanItsBlocks) {
     ASSERT_EQ(lines.size(), 3u);
     EXPECT_EQ(lines[1].size(), long_line.size());
     EXPECT_EQ(lines[2], "b");
+}
+
+// Three gigabytes, of which the first 16 MB are kept.
+TEST(RecordReader, PassesOverWhatALineHasTooMuch) {
+    const std::string block(1 << 20, 'y');
+    fakes::DrippingFile file(block, block.size(), 3000);
+    RecordReader endless(file);
+    std::string_view line;
+    ASSERT_TRUE(endless.next(line));
+    EXPECT_EQ(line.size(), kLongestLine);
+    EXPECT_FALSE(endless.next(line));
+    for (const char* end : {"\r\n", "\r", "\n"}) {
+        const std::string whole(kLongestLine, 'z');
+        const std::string more(1'000'000, 'm');
+        const auto lines =
+            lines_of("a" + std::string(end) + whole + end + whole + more + end + "b" + end, 70'001);
+        ASSERT_EQ(lines.size(), 4u);
+        EXPECT_TRUE(lines[1] == whole && lines[2] == whole);
+        EXPECT_EQ(lines[3], "b");
+    }
 }
 
 }  // namespace
