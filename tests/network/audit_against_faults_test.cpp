@@ -111,6 +111,14 @@ TEST_P(HarmlessFault, LeavesTheAuditComplete) {
 INSTANTIATE_TEST_SUITE_P(Audit, HarmlessFault, testing::ValuesIn(kHarmlessFaults),
                          test_name<testing::TestParamInfo<HarmlessCase>>);
 
+TEST(Faults, AHostWithMoreRecordsThanOneCanHoldIsGivenUp) {
+    WireRig rig({host_with("endless")});
+    be_impatient(rig);
+    rig.options().query_limits.records = 5000;
+    rig.audit("PC1");
+    EXPECT_EQ(rig.outcome(), "error: The host's records don't come to an end - Audit error");
+}
+
 TEST(Faults, HaveACaseEach) {
     std::set<std::string_view> expected;
     for (const FaultCase& each : kFatalFaults) expected.insert(each.fault);

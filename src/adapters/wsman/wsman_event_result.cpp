@@ -12,7 +12,8 @@ WsmanEventResult::WsmanEventResult(SoapChannel& channel, const SoapRequests& req
     : spool_(temporary_folder, query_limits.bytes),
       end_(std::chrono::steady_clock::now() + query_limits.time),
       enumeration_(channel, requests),
-      items_(event_items(records_, clock)) {
+      items_(event_items(records_, clock)),
+      most_records_(query_limits.records) {
     enumeration_.start(query, items_);
     spool_.append(records_);
 }
@@ -20,6 +21,7 @@ WsmanEventResult::WsmanEventResult(SoapChannel& channel, const SoapRequests& req
 void WsmanEventResult::start_over() {
     while (!enumeration_.is_finished()) pull();
     spool_.start_over();
+    given_ = 0;
 }
 
 bool WsmanEventResult::next(EventProperties& event) {
@@ -27,6 +29,7 @@ bool WsmanEventResult::next(EventProperties& event) {
         if (enumeration_.is_finished()) return false;
         pull();
     }
+    if (++given_ > most_records_) raise_failure("The host's records don't come to an end");
     return true;
 }
 

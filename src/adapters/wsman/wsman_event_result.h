@@ -17,6 +17,7 @@ namespace tessarine {
 /// What one query may take of this machine's disk and of the user's time.
 struct QueryLimits {
     std::uint64_t bytes = limits::kQuerySize;
+    std::uint64_t records = limits::kQueryRecords;
     std::chrono::seconds time = limits::kQuery;
 };
 
@@ -40,6 +41,8 @@ class WsmanEventResult final : public EventResult {
     Enumeration enumeration_;
     std::string records_;  // Of one answer; kept for its memory.
     ItemReader items_;
+    std::uint64_t most_records_;
+    std::uint64_t given_ = 0;
 };
 
 }  // namespace tessarine

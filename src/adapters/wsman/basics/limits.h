@@ -31,9 +31,11 @@ inline constexpr int kElementsPerPull = 1000;
 inline constexpr int kEmptyPulls = 100;
 /// Pulls for the one item that tells a host's time zone.
 inline constexpr int kTimeZonePulls = 5;
-/// Bytes of one query's records in the temporary file, which also never takes more than half of
-/// what is free.
-inline constexpr std::uint64_t kQuerySize = std::uint64_t{64} << 30;
+/// What a query gives: Windows keeps 4 GB of a log at the most, and a host has three large ones. In
+/// records, which have 256 bytes there at least; and in bytes of the temporary file, where texts
+/// are written out, and which also never takes more than half of what is free.
+inline constexpr std::uint64_t kQueryRecords = 3 * (std::uint64_t{4} << 30) / 256;
+inline constexpr std::uint64_t kQuerySize = 2 * 3 * (std::uint64_t{4} << 30);
 
 inline constexpr std::chrono::seconds kConnect{10};
 /// How long after its own time limit for an operation a host may still be silent.
