@@ -30,6 +30,7 @@ class IdleEventSource final : public EventSource {
 };
 
 class IdleSettings final : public SettingsValues {
+    std::string check() override { return {}; }
     std::optional<StoredValue> read(const std::string&, const std::string&) override { return {}; }
     void write(const std::string&, const std::string&, const StoredValue&) override {}
 };

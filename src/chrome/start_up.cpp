@@ -4,10 +4,13 @@
 
 #include "core/console_state.h"
 #include "core/menus.h"
+#include "core/runtime_error.h"
 #include "core/settings_store.h"
 #include "core/tabs.h"
 #include "patterns/code_lists.h"
+#include "platform/dialogs.h"
 #include "platform/form_windows.h"
+#include "platform/settings_values.h"
 
 namespace tessarine {
 namespace {
@@ -30,6 +33,22 @@ void empty_charts(MainForm& form) {
     form.SecPie.points = {0, 0};
 }
 
+// False when the user wants another look. Nobody is to audit under defaults that he didn't choose.
+bool settings_can_be_loaded(Console& console) {
+    Dialogs& dialogs = console.platform.dialogs;
+    try {
+        const std::string note = console.platform.settings_values.check();
+        if (!note.empty()) dialogs.message_box(note, MessageStyle::Information);
+        return true;
+    } catch (const RuntimeError& error) {
+        const std::string question =
+            "The settings are there, but can't be read: " + error.description() +
+            "\r\n\r\nTry again? Otherwise the console goes on with its "
+            "defaults.";
+        return dialogs.message_box(question, MessageStyle::YesNoQuestion) == MessageAnswer::No;
+    }
+}
+
 }  // namespace
 
 void start_up(Console& console) {
@@ -41,6 +60,7 @@ void start_up(Console& console) {
     set_menu_icons(form);
     PositionHost(console);
     PositionMain(console);
+    while (!settings_can_be_loaded(console)) continue;
     LoadSettings(console);  // the first touch of Form3, whose own load reads them as well
     set_column_widths(form);
     empty_charts(form);

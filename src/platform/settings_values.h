@@ -21,8 +21,14 @@ class SettingsValues {
   public:
     virtual ~SettingsValues() = default;
 
-    /// The value of that name, names compared without regard to case; nothing when it is absent or
-    /// can't be read.
+    /// Looks at the store as a whole, before the first read. Raises a RuntimeError with the reason
+    /// where there is one that can't be read. Returns what its user should know, for a damaged
+    /// store, which is put aside, and for one that others can read, which is made his alone; empty
+    /// otherwise.
+    virtual std::string check() = 0;
+
+    /// The value of that name, names compared without regard to case; nothing when it is absent.
+    /// Where it can't be read, what was last known of it.
     virtual std::optional<StoredValue> read(const std::string& key, const std::string& name) = 0;
 
     /// Writes durably. Raises a RuntimeError when the store refuses.

@@ -2,6 +2,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
+
 #include "adapters/system/sqlite_database.h"
 #include "adapters/system/sqlite_settings.h"
 #include "adapters/system_temporary_folder.h"
@@ -125,6 +127,44 @@ TEST_F(SqliteSettingsTest, AUserWithoutTheRightToWriteReadsAllTheSame) {
     EXPECT_THROW(write("LogPath", text("y")), RuntimeError);
     EXPECT_EQ(read("LogPath"), "x");
     std::filesystem::permissions(folder_.path(), perms::owner_all);
+}
+
+// A database that is held costs one wait, and not the values.
+TEST_F(SqliteSettingsTest, AnotherProgramThatHoldsTheFileCostsOneWait) {
+    write("AuditOpt", text("append"));
+    SqliteSettings settings(path());
+    EXPECT_EQ(settings.check(), "");
+    SqliteDatabase other(path());
+    other.run("BEGIN EXCLUSIVE");
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < 35; ++i) {
+        const auto value = settings.read(kKey, "AuditOpt");
+        ASSERT_TRUE(value);
+        EXPECT_TRUE(value->data == text("append").data);
+    }
+    for (int i = 0; i < 5; ++i)
+        EXPECT_THROW(settings.write(kKey, "AuditOpt", text("move")), RuntimeError);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+    EXPECT_THROW(SqliteSettings(path()).check(), RuntimeError);
+    other.run("COMMIT");
+    EXPECT_EQ(read("AuditOpt"), "append");
+    EXPECT_EQ(name_aside(), "");
+}
+
+TEST_F(SqliteSettingsTest, ACheckTellsWhatItFinds) {
+    EXPECT_EQ(SqliteSettings(path()).check(), "") << "nothing is there yet";
+    write("LogPath", text("x"));
+    using std::filesystem::perms;
+    std::filesystem::permissions(path(), perms::owner_all | perms::others_read);
+    const std::string note = SqliteSettings(path()).check();
+    EXPECT_NE(note.find("Now it is yours alone."), std::string::npos) << note;
+    EXPECT_EQ(folder_.rights_of("settings.db"), perms::owner_read | perms::owner_write);
+    folder_.put("settings.db", "no database" + std::string(5000, ' '));
+    const std::string damage = SqliteSettings(path()).check();
+    EXPECT_NE(damage.find("settings.db.broken-"), std::string::npos) << damage;
+    std::filesystem::remove(path());
+    std::filesystem::create_directory(path());
+    EXPECT_THROW(SqliteSettings(path()).check(), RuntimeError);
 }
 
 // A write that meets another one waits for it.

@@ -55,6 +55,30 @@ AlertList:
     EXPECT_EQ(rig.console.Form1.SecPie.points, (std::vector<std::int64_t>{0, 0}));
 }
 
+TEST(StartUp, SettingsThatCantBeReadAreAskedAboutBeforeAnyIsLoaded) {
+    Rig rig;
+    rig.settings.set("AuditOpt", "append");
+    rig.settings.unreadable = "Device I/O error";
+    rig.settings.times_unreadable = 2;
+    rig.settings.note = "Others could read the settings.";
+    rig.dialogs.answer_next(MessageAnswer::Yes);
+    rig.dialogs.answer_next(MessageAnswer::Yes);
+    rig.run(start_up);
+    ASSERT_EQ(rig.dialogs.messages.size(), 3u);
+    EXPECT_EQ(rig.dialogs.messages[0].text,
+              "The settings are there, but can't be read: Device I/O error\r\n\r\nTry again? "
+              "Otherwise the console goes on with its defaults.");
+    EXPECT_EQ(rig.dialogs.messages[2].text, "Others could read the settings.");
+    EXPECT_TRUE(rig.console.Form3->optAppend.value);
+
+    Rig given_up;
+    given_up.settings.unreadable = "Device I/O error";
+    given_up.dialogs.answer_next(MessageAnswer::No);
+    given_up.run(start_up);
+    EXPECT_EQ(given_up.dialogs.messages.size(), 1u);
+    EXPECT_FALSE(given_up.program.ended);
+}
+
 TEST(StartUp, SettingsAndCodeListsAreInForceAtOnce) {
     Rig rig;
     rig.settings.set("enscheaudit", "true");

@@ -14,6 +14,16 @@ namespace tessarine::fakes {
 
 class FakeSettings final : public SettingsValues {
   public:
+    std::string check() override {
+        if (!unreadable.empty()) {
+            --times_unreadable;
+            const std::string reason = unreadable;
+            if (times_unreadable == 0) unreadable.clear();
+            throw RuntimeError(ErrorNumber::InputOutput, reason);
+        }
+        return note;
+    }
+
     std::optional<StoredValue> read(const std::string& key, const std::string& name) override {
         const auto found = values_.find(place_of(key, name));
         return found == values_.end() ? std::nullopt : std::optional(found->second);
@@ -35,6 +45,9 @@ class FakeSettings final : public SettingsValues {
 
     std::vector<std::string> written;  ///< "name=text", in the order of the writes
     bool refuses_writes = false;
+    std::string note;        ///< what a check tells
+    std::string unreadable;  ///< why it fails
+    int times_unreadable = 1;
 
   private:
     static std::string place_of(std::string key, const std::string& name) {

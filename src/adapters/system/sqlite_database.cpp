@@ -18,6 +18,9 @@ constexpr int kPrimaryCode = 0xFF;    // the bits of a result code that tell its
         case SQLITE_NOTADB:
         case SQLITE_CORRUPT:
             throw DamagedDatabase(ErrorNumber::InputOutput, from_utf8(words));
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            throw HeldDatabase(ErrorNumber::PermissionDenied, "Another program holds the file");
         case SQLITE_PERM:
         case SQLITE_READONLY:
             raise_system_error(EACCES);

@@ -18,6 +18,12 @@ class DamagedDatabase : public RuntimeError {
     using RuntimeError::RuntimeError;
 };
 
+/// Another process holds the file, and has been waited for.
+class HeldDatabase : public RuntimeError {
+  public:
+    using RuntimeError::RuntimeError;
+};
+
 /// A database file that exists, open for reading alone where it may not be written. Another process
 /// that writes is waited for. Every call may raise a RuntimeError.
 class SqliteDatabase {

@@ -4,6 +4,9 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <system_error>
+#include <utility>
+#include <vector>
 
 #include "adapters/system/local_file.h"
 #include "adapters/system/sqlite_database.h"
@@ -21,7 +24,8 @@ constexpr const char* kTable =
     "CREATE TABLE IF NOT EXISTS value"
     " (name TEXT PRIMARY KEY COLLATE NOCASE, data BLOB NOT NULL, type INTEGER NOT NULL)"
     " WITHOUT ROWID";
-constexpr const char* kRead = "SELECT type, data FROM value WHERE name = ?1";
+// No setting is nearly as long.
+constexpr const char* kReadAll = "SELECT name, type, data FROM value WHERE length(data) <= 1000000";
 constexpr const char* kWrite =
     "INSERT INTO value (name, type, data) VALUES (?1, ?2, ?3)"
     " ON CONFLICT (name) DO UPDATE SET type = excluded.type, data = excluded.data";
@@ -29,7 +33,7 @@ constexpr const char* kWrite =
 // A final separator of the key makes no difference.
 std::string full_name(std::string key, const std::string& name) {
     while (!key.empty() && key.back() == '\\') key.pop_back();
-    return to_utf8(key + "\\" + name);
+    return key + "\\" + name;
 }
 
 bool is_ours(SqliteDatabase& database) {
@@ -59,8 +63,23 @@ std::string free_name_beside(const std::string& path) {
     return name;
 }
 
-void keep_aside(const std::string& path) {
-    if (std::rename(path.c_str(), free_name_beside(path).c_str()) != 0) raise_system_error(errno);
+// Returns the new name.
+std::string keep_aside(const std::string& path) {
+    std::string name = free_name_beside(path);
+    if (std::rename(path.c_str(), name.c_str()) != 0) raise_system_error(errno);
+    return name;
+}
+
+// A read that fails can look like damage. Raises its error.
+void demand_all_bytes(const std::string& path) {
+    const auto file = open_local_file(path, OpenFor::Reading);
+    std::vector<char> block(std::size_t{64} << 10);
+    while (file->read(block.data(), block.size()) != 0) continue;
+}
+
+bool is_missing(const RuntimeError& error) {
+    return error.number() == ErrorNumber::FileNotFound ||
+           error.number() == ErrorNumber::PathNotFound;
 }
 
 // Makes each write durable, and an empty database one of ours.
@@ -80,40 +99,97 @@ SqliteDatabase open_database(const std::string& path, OpenFor purpose) {
     return SqliteDatabase(path);
 }
 
-SqliteDatabase open_settings(const std::string& path, OpenFor purpose) {
-    {
-        SqliteDatabase database = open_database(path, purpose);
-        if (is_usable(database)) return database;
-    }
-    keep_aside(path);
-    return open_database(path, purpose);
-}
-
 }  // namespace
 
 SqliteSettings::SqliteSettings(const std::string& path) : path_(system_path(path)) {}
 
-std::optional<StoredValue> SqliteSettings::read(const std::string& key, const std::string& name) {
-    try {
-        SqliteDatabase database = open_settings(path_, OpenFor::Reading);
-        SqliteDatabase::Statement statement(database, kRead);
-        statement.bind_text(1, full_name(key, name));
-        if (!statement.step()) return std::nullopt;
-        return StoredValue{static_cast<ValueType>(statement.number(0)), statement.bytes(1)};
-    } catch (const RuntimeError&) {
-        return std::nullopt;
+SqliteDatabase SqliteSettings::open(OpenFor purpose) {
+    // What looks damaged is looked at twice.
+    for (int look = 0; look < 2; ++look) {
+        SqliteDatabase database = open_database(path_, purpose);
+        if (is_usable(database)) return database;
+        demand_all_bytes(path_);
     }
+    put_aside_ = keep_aside(path_);
+    return open_database(path_, purpose);
+}
+
+void SqliteSettings::use(OpenFor purpose, const std::function<void(SqliteDatabase&)>& use) {
+    constexpr std::chrono::seconds kStillHeld{1};
+    using Steady = std::chrono::steady_clock;
+    if (Steady::now() - held_ < kStillHeld)
+        throw HeldDatabase(ErrorNumber::PermissionDenied, "Another program holds the file");
+    try {
+        SqliteDatabase database = open(purpose);
+        use(database);
+    } catch (const HeldDatabase&) {
+        held_ = Steady::now();
+        throw;
+    }
+}
+
+void SqliteSettings::take_all() {
+    use(OpenFor::Reading, [this](SqliteDatabase& database) {
+        std::map<std::string, StoredValue> all;
+        const bool has_table = is_ours(database);
+        if (has_table) {
+            SqliteDatabase::Statement row(database, kReadAll);
+            while (row.step())
+                all[lower_text(from_utf8(row.bytes(0)))] = {static_cast<ValueType>(row.number(1)),
+                                                            row.bytes(2)};
+        }
+        known_ = std::move(all);
+    });
+}
+
+// The password is in the file.
+std::string SqliteSettings::tighten() const {
+    struct stat status {};
+    if (::stat(path_.c_str(), &status) != 0 || (status.st_mode & (S_IRWXG | S_IRWXO)) == 0)
+        return "";
+    const std::string found =
+        "Others than you could read or write " + from_utf8(path_) + ", which holds the password. ";
+    if (::chmod(path_.c_str(), S_IRUSR | S_IWUSR) == 0) return found + "Now it is yours alone.";
+    return found + "That can't be changed: " + from_utf8(std::generic_category().message(errno)) +
+           ".";
+}
+
+std::string SqliteSettings::check() {
+    std::string note = tighten();
+    put_aside_.clear();
+    try {
+        take_all();
+    } catch (const RuntimeError& error) {
+        if (!is_missing(error)) throw;
+    }
+    if (!put_aside_.empty())
+        note += (note.empty() ? "" : "\r\n\r\n") +
+                ("The settings were damaged and are kept in " + from_utf8(put_aside_)) +
+                ". The console begins with its defaults.";
+    return note;
+}
+
+std::optional<StoredValue> SqliteSettings::read(const std::string& key, const std::string& name) {
+    const std::string known_name = lower_text(full_name(key, name));
+    try {
+        take_all();
+    } catch (const RuntimeError& error) {
+        if (is_missing(error)) known_.clear();
+    }
+    const auto found = known_.find(known_name);
+    return found == known_.end() ? std::nullopt : std::optional(found->second);
 }
 
 void SqliteSettings::write(const std::string& key, const std::string& name,
                            const StoredValue& value) {
-    SqliteDatabase database = open_settings(path_, OpenFor::Appending);
-    prepare_for_writing(database);
-    SqliteDatabase::Statement statement(database, kWrite);
-    statement.bind_text(1, full_name(key, name));
-    statement.bind_number(2, static_cast<int>(value.type));
-    statement.bind_bytes(3, value.data);
-    statement.step();
+    use(OpenFor::Appending, [&](SqliteDatabase& database) {
+        prepare_for_writing(database);
+        SqliteDatabase::Statement statement(database, kWrite);
+        statement.bind_text(1, to_utf8(full_name(key, name)));
+        statement.bind_number(2, static_cast<int>(value.type));
+        statement.bind_bytes(3, value.data);
+        statement.step();
+    });
 }
 
 }  // namespace tessarine
