@@ -1,6 +1,7 @@
 // The console's entry point.
 #include <QApplication>
 #include <QMessageBox>
+#include <csignal>
 
 #include "adapters/system/freed_memory.h"
 #include "app/console_program.h"
@@ -8,6 +9,11 @@
 #include "core/runtime_error.h"
 
 int main(int argc, char** argv) {
+    // A write to a closed connection, or beyond what a file may hold, is an error and not the end.
+    std::signal(SIGPIPE, SIG_IGN);
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
     tessarine::keep_freed_memory();
     QApplication application(argc, argv);
     tessarine::prepare_application(application);

@@ -29,7 +29,7 @@ void make_empty_files(Console& console, const std::string& host) {
     Files& files = console.platform.files;
     for (const EventLog log : kEventLogs) {
         const std::string path = host_log_path(files, console.Form3->txtLogPath.text, host, log);
-        if (!files.file_exists(path)) files.open(path, OpenFor::Writing)->close();
+        if (const auto made = files.create(path)) made->close();
     }
 }
 
@@ -100,7 +100,7 @@ void report_failure(Console& console, const std::string& host, const std::string
         console.Form1.st1.set_text(1, description + " - Audit error");
         console.Form1.AuditStat.text = "error";
         errors.run([&] { log.append(console, host + " Audit Error --" + description); });
-        errors.run([&] { log.close(); });
+        log.close();
     });
 }
 

@@ -1,5 +1,6 @@
 #include "audit/event_files.h"
 
+#include <chrono>
 #include <exception>
 #include <string_view>
 
@@ -20,12 +21,18 @@ EventFiles::EventFiles(const RegionalText& regional, const LogSelection& selecti
 // under the option to overwrite.
 void EventFiles::open(Console& console, const std::string& host) {
     auto& settings = console.Form3;
+    Files& files = console.platform.files;
+    const auto path_of = [&](EventLog log) {
+        return host_log_path(files, settings->txtLogPath.text, host, log);
+    };
+    // One of the three stands for all.
+    lock_ = files.lock(path_of(EventLog::System), std::chrono::milliseconds(0));
+    if (lock_ == nullptr)
+        throw RuntimeError(ErrorNumber::PermissionDenied,
+                           "Another audit is writing the logs of " + host);
     if (settings->optMove.value) archive_event_logs(console, host);
     const OpenFor purpose = settings->optAppend.value ? OpenFor::Appending : OpenFor::Writing;
-    for (LogFile& log : logs_)
-        log.file = console.platform.files.open(
-            host_log_path(console.platform.files, settings->txtLogPath.text, host, log.log),
-            purpose);
+    for (LogFile& log : logs_) log.file = files.open(path_of(log.log), purpose);
 }
 
 void EventFiles::write(const EventProperties& event) {
@@ -39,12 +46,14 @@ void EventFiles::close() {
     for (LogFile& log : logs_) {
         if (log.file == nullptr) continue;
         try {
+            log.file->sync();
             log.file->close();
         } catch (const RuntimeError&) {
             failure = std::current_exception();
         }
         log.file.reset();
     }
+    lock_.reset();
     if (failure) std::rethrow_exception(failure);
 }
 

@@ -19,8 +19,8 @@ class EventFiles {
   public:
     EventFiles(const RegionalText& regional, const LogSelection& selection);
 
-    /// Opens all three as the audit option in the settings says. Raises the errors of the archive
-    /// and of the files.
+    /// Opens all three as the audit option in the settings says, against other audits of the host.
+    /// Raises the errors of the archive and of the files, and one where another audit writes them.
     void open(Console& console, const std::string& host);
 
     /// Writes the record to the file of its log; one of another log, or of a log that isn't
@@ -28,8 +28,8 @@ class EventFiles {
     /// without a time.
     void write(const EventProperties& event);
 
-    /// Closes all three, also when one of them fails, and then raises that failure. Closing files
-    /// that aren't open has no effect.
+    /// Sees all three onto the disk and closes them, also when one of them fails, and then raises
+    /// that failure. Closing files that aren't open has no effect.
     void close();
 
   private:
@@ -39,6 +39,7 @@ class EventFiles {
         std::unique_ptr<File> file;
     };
 
+    std::unique_ptr<FileLock> lock_;
     std::array<LogFile, 3> logs_;
     RecordWriter writer_;
 };

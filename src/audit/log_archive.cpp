@@ -21,6 +21,7 @@ void archive_event_logs(Console& console, const std::string& host) {
     Files& files = console.platform.files;
     if (!files.folder_exists(present_folder(console, host)))
         files.create_folder(present_folder(console, host));
+    files.demand_own_folder(present_folder(console, host));
     for (const EventLog log : kEventLogs) {
         const std::string path = host_log_path(files, console.Form3->txtLogPath.text, host, log);
         if (files.file_exists(path))

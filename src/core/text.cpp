@@ -63,6 +63,13 @@ std::string replace_text(std::string_view text, std::string_view from, std::stri
     return result.append(text);
 }
 
+std::string without_controls(std::string_view text) {
+    std::string line(text);
+    std::replace_if(
+        line.begin(), line.end(), [](unsigned char c) { return c < 0x20 || c == 0x7F; }, '?');
+    return line;
+}
+
 std::string padded(int number, int width) {
     const std::string digits = std::to_string(number);
     const auto wanted = static_cast<std::size_t>(std::max(width, 0));

@@ -19,6 +19,9 @@ std::string upper_text(std::string_view text);
 /// Replaces every occurrence of `from`, found without regard to case.
 std::string replace_text(std::string_view text, std::string_view from, std::string_view to);
 
+/// `text` with "?" for each control character, line ends included.
+std::string without_controls(std::string_view text);
+
 /// The digits of `number`, with zeros in front up to `width`.
 std::string padded(int number, int width);
 

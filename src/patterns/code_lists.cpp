@@ -1,5 +1,6 @@
 #include "patterns/code_lists.h"
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -7,6 +8,7 @@
 #include "core/console_state.h"
 #include "core/counter16.h"
 #include "core/icons.h"
+#include "core/runtime_error.h"
 #include "core/text.h"
 #include "platform/files.h"
 #include "platform/program.h"
@@ -42,8 +44,8 @@ std::string path_of(Console& console, const CodeList& codes) {
 void load(Console& console, const CodeList& codes) {
     const std::string path = path_of(console, codes);
     Files& files = console.platform.files;
-    if (!files.file_exists(path)) {
-        files.open(path, OpenFor::Writing)->close();
+    if (const auto made = files.create(path)) {
+        made->close();
         return;
     }
     ListControl& list = console.Form1.*codes.list;
@@ -56,6 +58,16 @@ void load(Console& console, const CodeList& codes) {
     file->close();
 }
 
+// Against other consoles that change a list; these are done in no time.
+std::unique_ptr<FileLock> locked_lists(Console& console) {
+    auto lock = console.platform.files.lock(console.platform.program.application_directory(),
+                                            std::chrono::seconds(5));
+    if (lock == nullptr)
+        throw RuntimeError(ErrorNumber::PermissionDenied,
+                           "Another program holds the lists of event codes");
+    return lock;
+}
+
 // KEEP(missing-code-file-loses-the-change): writing a file that is missing would keep an entry
 // that is to be lost.
 bool has_file(Console& console, const CodeList& codes) {
@@ -66,23 +78,23 @@ bool has_file(Console& console, const CodeList& codes) {
 
 // KEEP(blank-lines-between-codes): one line end would change the form of the file.
 void append_code(Console& console, const CodeList& codes, std::string_view code) {
+    const auto lock = locked_lists(console);
     if (!has_file(console, codes)) return;
     const auto file = console.platform.files.open(path_of(console, codes), OpenFor::Appending);
-    file->write(std::string(code) + "\r\n" + "\r\n");
+    file->write_whole(std::string(code) + "\r\n" + "\r\n");
     file->close();
 }
 
 void write_without(Console& console, const CodeList& codes, std::string_view code) {
+    const auto lock = locked_lists(console);
     if (!has_file(console, codes)) return;
     ListControl& list = console.Form1.*codes.list;
-    // Before the file is emptied, so that a list that is too long isn't lost.
     const int entries = count16(list.count());
-    const auto file = console.platform.files.open(path_of(console, codes), OpenFor::Writing);
+    std::string lines;
     for (int row = 1; row <= entries; ++row)
         if (!same_text(list.row(row).text(), code))
-            file->write(std::string(list.row(row).text()) + "\r\n");
-    file->write("\r\n\r\n");
-    file->close();
+            lines.append(list.row(row).text()).append("\r\n");
+    console.platform.files.replace(path_of(console, codes), lines + "\r\n\r\n");
 }
 
 void add_from_field(Console& console, const CodeList& codes) {

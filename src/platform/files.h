@@ -1,6 +1,7 @@
 // Files and folders. Paths are in the console's 8-bit code page with the platform's separator.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -20,17 +21,32 @@ class File {
     /// Writes all of `bytes`; they may wait in a buffer until `flush` or `close`.
     virtual void write(std::string_view bytes) = 0;
     virtual void flush() = 0;
+    /// Writes `bytes` behind all that was written before and sees them onto the disk, whole or not
+    /// at all: of a failure nothing stays, in the file or in a buffer.
+    virtual void write_whole(std::string_view bytes) = 0;
+    /// Keeps room for so many bytes behind the end of the file, so that a disk that fills up takes
+    /// them still. Has no effect where the file system can't.
+    virtual void reserve(std::size_t bytes) = 0;
+    /// Flushes, and sees all that was written onto the disk.
+    virtual void sync() = 0;
     /// Flushes and closes. Closing a file that is closed has no effect.
     virtual void close() = 0;
 };
 
 enum class OpenFor { Reading, Writing, Appending };
 
+/// Held as long as it lives.
+class FileLock {
+  public:
+    virtual ~FileLock() = default;
+};
+
 class Files {
   public:
     virtual ~Files() = default;
 
-    /// Whether there is a file (not a folder) or a folder of that name.
+    /// Whether there is a file (not a folder) or a folder of that name. Where that can't be found
+    /// out, a RuntimeError says why: this and the next one never take it for "missing".
     virtual bool file_exists(const std::string& path) = 0;
     virtual bool folder_exists(const std::string& path) = 0;
 
@@ -42,11 +58,29 @@ class Files {
     virtual void create_folder(const std::string& path) = 0;
 
     /// Opens a file. Writing empties it, writing and appending create it when it is missing,
-    /// readable by its owner alone; reading does not.
+    /// readable by its owner alone; reading does not. Appending ends a last line that was cut off.
     virtual std::unique_ptr<File> open(const std::string& path, OpenFor purpose) = 0;
 
-    /// Copies the bytes of `from` to `to`, which is replaced.
+    /// Makes a file that is readable by its owner alone, and opens it for writing; null when there
+    /// is something of that name already.
+    virtual std::unique_ptr<File> create(const std::string& path) = 0;
+
+    /// Puts a file with these bytes in the place of `path`, which at any time is the old or the new
+    /// one, on the disk as well.
+    virtual void replace(const std::string& path, std::string_view bytes) = 0;
+
+    /// Copies the bytes of `from` to `to`, which is replaced in the same way.
     virtual void copy(const std::string& from, const std::string& to) = 0;
+
+    /// Locks a file or a folder against all others who lock it, in this program and in others; null
+    /// when somebody else holds it for longer than `patience`. Has no effect where the file system
+    /// can't.
+    virtual std::unique_ptr<FileLock> lock(const std::string& path,
+                                           std::chrono::milliseconds patience) = 0;
+
+    /// Raises "Permission denied" for a folder that belongs to another user, or that others may
+    /// write to.
+    virtual void demand_own_folder(const std::string& path) = 0;
 
     /// Deletes a file, also one that is read-only.
     virtual void remove(const std::string& path) = 0;

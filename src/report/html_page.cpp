@@ -96,8 +96,8 @@ void ExportToHtml(Console& console, const ListControl& SelList) {
 
 void DummyHtml(Console& console) {
     const std::string path = in_application_directory(console, "temp.html");
-    if (console.platform.files.file_exists(path)) return;
-    const auto file = console.platform.files.open(path, OpenFor::Writing);
+    const auto file = console.platform.files.create(path);
+    if (file == nullptr) return;
     file->write("<HTML><center>Please Wait</center></html>\r\n");
     file->close();
 }

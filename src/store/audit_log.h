@@ -13,14 +13,15 @@ struct Console;
 /// The audit log of one day, open from the start of an audit to its end.
 class AuditLog {
   public:
-    /// Opens the log of the present day, which is created when it is missing. Raises the errors of
-    /// the file.
+    /// Opens the log of the present day, which is created when it is missing, and keeps room for a
+    /// line. Raises the errors of the file.
     void open(Console& console);
 
-    /// Appends the present date and time, a blank, and `outcome`. Raises the errors of the file.
+    /// Appends the present date and time, a blank, and `outcome`, as one line that is on the disk
+    /// when this returns. Raises the errors of the file, and then has appended nothing.
     void append(Console& console, const std::string& outcome);
 
-    /// Raises the errors of the file; closing a log that isn't open has no effect.
+    /// Closing a log that isn't open has no effect.
     void close();
 
   private:

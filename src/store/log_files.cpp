@@ -29,10 +29,9 @@ std::string_view bare_name(std::string_view host) {
 
 // The description of the error goes into a line of the audit log, so it may hold no line end.
 [[noreturn]] void refuse(std::string_view host) {
-    std::string shown(host.substr(0, kLongestHost));
-    std::replace_if(shown.begin(), shown.end(), is_control, '?');
     throw RuntimeError(ErrorNumber::BadFileName,
-                       "The host name \"" + shown + "\" can't name a file");
+                       "The host name \"" + without_controls(host.substr(0, kLongestHost)) +
+                           "\" can't name a file");
 }
 
 // The name as it stands: separators that it begins with are folded into the one before it.

@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <functional>
+#include <type_traits>
 
 #include "adapters/system/local_directory_listing.h"
 #include "adapters/system/local_files.h"
@@ -25,6 +28,9 @@ struct OnDisk {
     void make_read_only(const std::string& name) {
         std::filesystem::permissions(folder.path_of(name), std::filesystem::perms::owner_read);
     }
+    void open_to_others(const std::string& name) {
+        std::filesystem::permissions(folder.path_of(name), std::filesystem::perms::all);
+    }
 };
 
 struct InMemory {
@@ -34,6 +40,7 @@ struct InMemory {
     std::string root = "/store";
 
     void make_read_only(const std::string& name) { files.set_read_only(root + "/" + name); }
+    void open_to_others(const std::string& name) { files.open_to_others(root + "/" + name); }
 };
 
 template <class Place>
@@ -80,7 +87,12 @@ TYPED_TEST(FilesContract, BytesComeBackAsTheyWereWritten) {
     this->write("a.log", all);
     EXPECT_EQ(this->read("a.log", 7), all);
     this->write("a.log", all, OpenFor::Appending);
-    EXPECT_EQ(this->read("a.log"), all + all);
+    EXPECT_EQ(this->read("a.log"), all + "\r\n" + all) << "the last line was cut off";
+    this->write("a.log", "1\r\n");
+    this->write("a.log", "2\r", OpenFor::Appending);
+    this->write("a.log", "3\n", OpenFor::Appending);
+    this->write("a.log", "4", OpenFor::Appending);
+    EXPECT_EQ(this->read("a.log"), "1\r\n2\r\n3\n4");
     this->write("a.log", "short");
     EXPECT_EQ(this->read("a.log"), "short");
     this->write("b.log", "new", OpenFor::Appending);
@@ -182,6 +194,62 @@ TYPED_TEST(FilesContract, ACopyReplacesAndARemovalTakesReadOnlyFilesToo) {
     this->place_.make_read_only("to.log");
     files.remove(this->path("to.log"));
     EXPECT_FALSE(files.file_exists(this->path("to.log")));
+}
+
+TYPED_TEST(FilesContract, AReplacementIsThereAtOnceAndANewFileNeverInPlaceOfAnother) {
+    Files& files = this->place_.files;
+    files.replace(this->path("a.log"), "first");
+    files.replace(this->path("a.log"), "second");
+    EXPECT_EQ(this->read("a.log"), "second");
+    this->place_.make_read_only("a.log");
+    const bool is_root = ::geteuid() == 0 && std::is_same_v<TypeParam, OnDisk>;
+    const int error = this->error_of([&] { files.replace(this->path("a.log"), "third"); });
+    EXPECT_EQ(error, is_root ? 0 : 70);
+    EXPECT_EQ(this->error_of([&] { files.replace(this->path("missing\\a.log"), ""); }), 76);
+    EXPECT_EQ(files.create(this->path("a.log")), nullptr);
+    files.create_folder(this->path("folder"));
+    EXPECT_EQ(files.create(this->path("folder")), nullptr);
+    EXPECT_EQ(this->error_of([&] { files.create(this->path("missing\\a.log")); }), 76);
+    files.create(this->path("b.log"))->write("new");
+    EXPECT_EQ(this->read("b.log"), "new");
+    EXPECT_EQ(this->place_.listing.files_ending_in(this->place_.root, "").size(), 2u);
+}
+
+TYPED_TEST(FilesContract, ALockKeepsAllOthersOut) {
+    Files& files = this->place_.files;
+    this->write("a.log", "");
+    this->write("b.log", "");
+    const std::chrono::milliseconds at_once(0);
+    auto lock = files.lock(this->path("a.log"), at_once);
+    ASSERT_NE(lock, nullptr);
+    EXPECT_EQ(files.lock(this->path("a.log"), at_once), nullptr);
+    EXPECT_NE(files.lock(this->path("b.log"), at_once), nullptr);
+    EXPECT_NE(files.lock(this->place_.root, at_once), nullptr);
+    lock.reset();
+    EXPECT_NE(files.lock(this->path("a.log"), at_once), nullptr);
+    EXPECT_EQ(this->error_of([&] { files.lock(this->path("missing"), at_once); }), 53);
+}
+
+TYPED_TEST(FilesContract, ALineThatIsWrittenWholeStandsBehindAllOthers) {
+    const auto file = this->place_.files.open(this->path("a.log"), OpenFor::Appending);
+    file->reserve(100);
+    file->write("1\r\n");
+    file->write_whole("2\r\n");
+    EXPECT_EQ(this->read("a.log"), "1\r\n2\r\n");
+    file->write("3");
+    file->sync();
+    EXPECT_EQ(this->read("a.log"), "1\r\n2\r\n3");
+}
+
+TYPED_TEST(FilesContract, AFolderIsOnesOwn) {
+    this->place_.files.create_folder(this->path("folder"));
+    this->place_.files.demand_own_folder(this->path("folder"));
+    this->place_.open_to_others("folder");
+    const auto demand = [this](const char* name) {
+        return this->error_of([&] { this->place_.files.demand_own_folder(this->path(name)); });
+    };
+    EXPECT_EQ(demand("folder"), 70);
+    EXPECT_EQ(demand("missing"), 76);
 }
 
 TYPED_TEST(FilesContract, AFileThatIsForgottenKeepsWhatWasWritten) {

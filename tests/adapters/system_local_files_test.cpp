@@ -75,6 +75,28 @@ TEST(LocalFiles, NamesThatNoFileCanHaveAreRefused) {
     EXPECT_EQ(error_of([&] { files.open("", OpenFor::Reading); }), "File not found");
 }
 
+// What can't be found out is no "missing", which would make or empty a file.
+TEST(LocalFiles, WhatCantBeFoundOutIsAnError) {
+    const TemporaryFolder folder;
+    LocalFiles files;
+    std::filesystem::create_symlink("loop", folder.path_of("loop"));
+    const std::string in_loop = folder.path_of("loop/a.log");
+    for (const std::string& path : {folder.path_of("loop"), in_loop}) {
+        EXPECT_NE(error_of([&] { files.file_exists(path); }), "no error");
+        EXPECT_NE(error_of([&] { files.folder_exists(path); }), "no error");
+    }
+    EXPECT_NE(error_of([&] { files.present_name(folder.path_of("loop"), "a.log"); }), "no error");
+    EXPECT_EQ(files.create(folder.path_of("loop")), nullptr);
+}
+
+// The system tells no size of these, and some have no end.
+TEST(LocalFiles, AFileWithoutASizeHasNoBytes) {
+    const TemporaryFolder folder;
+    std::filesystem::create_symlink("/proc/self/pagemap", folder.path_of("a.log"));
+    char byte = 0;
+    EXPECT_EQ(LocalFiles().open(folder.path_of("a.log"), OpenFor::Reading)->read(&byte, 1), 0u);
+}
+
 TEST(LocalFiles, AFullDiskIsReportedAtFlushAndAtClose) {
     LocalFile file(::open("/dev/full", O_WRONLY | O_CLOEXEC));
     file.write("text");
@@ -98,6 +120,19 @@ TEST(LocalFiles, ACopyThatFailsLeavesTheTargetAndNoOtherFile) {
     }
     EXPECT_EQ(folder.bytes_of("to.log"), "old");
     EXPECT_EQ(LocalDirectoryListing().files_ending_in(folder.path(), "").size(), 2u);
+}
+
+TEST(LocalFiles, ALineThatDoesNotFitLeavesNothing) {
+    const TemporaryFolder folder;
+    const auto file = open_local_file(folder.path_of("a.log"), OpenFor::Appending);
+    file->write_whole("first\r\n");
+    {
+        const FileSizeLimit limit(10);
+        EXPECT_NE(error_of([&] { file->write_whole("second\r\n"); }), "no error");
+    }
+    file->write_whole("third\r\n");
+    file->close();
+    EXPECT_EQ(folder.bytes_of("a.log"), "first\r\nthird\r\n");
 }
 
 // What was taken before the failure is there once, and in order.

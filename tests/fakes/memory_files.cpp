@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "core/text.h"
 
@@ -17,6 +18,10 @@ std::string parent_of(const std::string& path) {
 
 [[noreturn]] void file_not_found() {
     throw RuntimeError(ErrorNumber::FileNotFound, "File not found");
+}
+
+[[noreturn]] void disk_full() {
+    throw RuntimeError(ErrorNumber::DiskFull, "Disk full");
 }
 
 [[noreturn]] void path_not_found() {
@@ -45,13 +50,27 @@ class MemoryFiles::OpenFile final : public File {
     // What still fits is written before a full disk is reported.
     void write(std::string_view bytes) override {
         check(OpenFor::Writing, FileStep::Write);
-        const std::size_t fits = std::min(bytes.size(), all_.room_.value_or(bytes.size()));
-        all_.files_.at(path_).bytes.append(bytes.substr(0, fits));
-        if (all_.room_) *all_.room_ -= fits;
-        if (fits < bytes.size()) throw RuntimeError(ErrorNumber::DiskFull, "Disk full");
+        append(bytes);
     }
 
     void flush() override { check(OpenFor::Writing, FileStep::Flush); }
+    void sync() override { check(OpenFor::Writing, FileStep::Sync); }
+    void reserve(std::size_t bytes) override {
+        if (bytes > all_.room_.value_or(bytes)) disk_full();
+        if (all_.room_) *all_.room_ -= bytes;
+        reserved_ = bytes;
+    }
+    void write_whole(std::string_view bytes) override {
+        check(OpenFor::Writing, FileStep::Write);
+        const std::string before = all_.files_.at(path_).bytes;
+        try {
+            append(bytes);
+            sync();
+        } catch (const RuntimeError&) {
+            all_.files_.at(path_).bytes = before;
+            throw;
+        }
+    }
 
     void close() override {
         if (!open_) return;
@@ -66,28 +85,59 @@ class MemoryFiles::OpenFile final : public File {
         all_.raise_if_due(step, path_);
     }
 
+    void append(std::string_view bytes) {
+        const std::size_t kept = std::min(reserved_, bytes.size());
+        std::size_t fits = bytes.size();
+        if (all_.room_) {
+            fits = std::min(fits, kept + *all_.room_);
+            *all_.room_ -= fits - kept;
+        }
+        reserved_ -= kept;
+        all_.files_.at(path_).bytes.append(bytes.substr(0, fits));
+        if (fits < bytes.size()) disk_full();
+    }
+
     void end() {
         if (open_) --all_.open_files_;
         open_ = false;
+        if (all_.room_) *all_.room_ += std::exchange(reserved_, 0);
     }
 
     MemoryFiles& all_;
     std::string path_;
     OpenFor purpose_;
     std::size_t position_ = 0;
+    std::size_t reserved_ = 0;
     bool open_ = true;
 };
 
+class MemoryFiles::Lock final : public FileLock {
+  public:
+    Lock(MemoryFiles& all, std::string path) : all_(all), path_(std::move(path)) {
+        all_.locked_.insert(path_);
+    }
+    ~Lock() override { all_.locked_.erase(path_); }
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+
+  private:
+    MemoryFiles& all_;
+    std::string path_;
+};
+
 bool MemoryFiles::file_exists(const std::string& path) {
+    raise_if_due(FileStep::Exists, path);
     return files_.contains(normalised(path));
 }
 
 bool MemoryFiles::folder_exists(const std::string& path) {
+    raise_if_due(FileStep::Exists, path);
     return folders_.contains(normalised(path));
 }
 
 std::string MemoryFiles::present_name(const std::string& folder, const std::string& name) {
     const std::string wanted = normalised(folder + "/" + name);
+    raise_if_due(FileStep::Exists, wanted);
     if (files_.contains(wanted) || folders_.contains(wanted)) return name;
     std::string found = name;
     const auto look_at = [&](const std::string& path) {
@@ -113,9 +163,42 @@ std::unique_ptr<File> MemoryFiles::open(const std::string& path, OpenFor purpose
     const std::string file = normalised(path);
     if (purpose == OpenFor::Reading)
         existing(file);
-    else
-        opened_for_writing(file, purpose);
+    else {
+        std::string& bytes = opened_for_writing(file, purpose).bytes;
+        if (!bytes.empty() && bytes.back() != '\n') bytes += bytes.back() == '\r' ? "\n" : "\r\n";
+    }
     return std::make_unique<OpenFile>(*this, file, purpose);
+}
+
+std::unique_ptr<File> MemoryFiles::create(const std::string& path) {
+    raise_if_due(FileStep::Open, path);
+    const std::string file = normalised(path);
+    if (files_.contains(file) || folders_.contains(file)) return nullptr;
+    opened_for_writing(file, OpenFor::Writing);
+    return std::make_unique<OpenFile>(*this, file, OpenFor::Writing);
+}
+
+void MemoryFiles::replace(const std::string& path, std::string_view bytes) {
+    raise_if_due(FileStep::Replace, path);
+    const std::string file = normalised(path);
+    if (!folders_.contains(parent_of(file))) path_not_found();
+    if (bytes.size() > room_.value_or(bytes.size())) disk_full();
+    if (room_) *room_ -= bytes.size();
+    opened_for_writing(file, OpenFor::Writing).bytes = bytes;
+}
+
+std::unique_ptr<FileLock> MemoryFiles::lock(const std::string& path, std::chrono::milliseconds) {
+    raise_if_due(FileStep::Lock, path);
+    const std::string locked = normalised(path);
+    if (!files_.contains(locked) && !folders_.contains(locked)) file_not_found();
+    if (locked_.contains(locked)) return nullptr;
+    return std::make_unique<Lock>(*this, locked);
+}
+
+void MemoryFiles::demand_own_folder(const std::string& path) {
+    if (!folders_.contains(normalised(path))) path_not_found();
+    if (open_to_others_.contains(normalised(path)))
+        throw RuntimeError(ErrorNumber::PermissionDenied, "Permission denied");
 }
 
 void MemoryFiles::copy(const std::string& from, const std::string& to) {
@@ -203,6 +286,10 @@ MemoryFiles::StoredFile& MemoryFiles::opened_for_writing(const std::string& path
 }
 
 void MemoryFiles::raise_if_due(FileStep step, const std::string& path) {
+    const bool already = calls_until_failure_ < 0 && failing_ == Failing::FromThenOn;
+    const bool now = calls_until_failure_ > 0 && --calls_until_failure_ == 0;
+    if (now) calls_until_failure_ = -1;
+    if (already || now) throw RuntimeError(ErrorNumber::InputOutput, "Device I/O error");
     const auto due = std::find_if(faults_.begin(), faults_.end(), [&](const Fault& fault) {
         return fault.step == step && (fault.path.empty() || fault.path == normalised(path));
     });

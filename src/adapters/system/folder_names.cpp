@@ -3,6 +3,8 @@
 #include <chrono>
 #include <system_error>
 
+#include "adapters/system/names_in_folder.h"
+#include "adapters/system/system_error.h"
 #include "core/code_page.h"
 #include "core/text.h"
 
@@ -18,10 +20,7 @@ constexpr std::chrono::milliseconds kClockTick{20};
 
 std::unordered_map<std::string, std::string> names_by_lower_case(const std::string& folder) {
     std::unordered_map<std::string, std::string> names;
-    std::error_code error;
-    fs::directory_iterator found(folder, error);
-    for (; !error && found != fs::directory_iterator(); found.increment(error)) {
-        const std::string system_name = found->path().filename().string();
+    for (const std::string& system_name : names_in_folder(folder)) {
         const std::string name = from_utf8(system_name);
         if (to_utf8(name) != system_name) continue;
         const auto [place, is_new] = names.try_emplace(lower_text(name), name);
@@ -40,13 +39,16 @@ bool FolderNames::is_current(const Names& names, Moment changed) {
 std::string FolderNames::in_any_case(const std::string& folder, const std::string& name) {
     std::error_code error;
     const Moment changed = fs::last_write_time(folder, error);
-    if (error) return name;
+    if (error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory)
+        return name;
+    if (error) raise_system_error(error.value(), Wanted::Folder);
     if (folders_.size() >= kMostFolders && !folders_.contains(folder)) folders_.clear();
     Names& names = folders_[folder];
     if (!is_current(names, changed)) {
-        names.changed = changed;
-        names.read = Moment::clock::now();
+        const Moment read = Moment::clock::now();
         names.by_lower_case = names_by_lower_case(folder);
+        names.changed = changed;
+        names.read = read;
     }
     const auto found = names.by_lower_case.find(lower_text(name));
     return found == names.by_lower_case.end() ? name : found->second;

@@ -13,7 +13,8 @@ namespace tessarine {
 class FolderNames {
   public:
     /// The name in `folder` that differs from `name` in case alone, the first by its bytes when
-    /// there are several; `name` itself when there is none.
+    /// there are several; `name` itself when there is none. Raises the errors of a folder that is
+    /// there and can't be read.
     std::string in_any_case(const std::string& folder, const std::string& name);
 
   private:

@@ -1,8 +1,11 @@
 #include "adapters/system/local_directory_listing.h"
 
-#include <filesystem>
-#include <system_error>
+#include <sys/stat.h>
 
+#include <cerrno>
+#include <cstdint>
+
+#include "adapters/system/names_in_folder.h"
 #include "adapters/system/system_error.h"
 #include "core/code_page.h"
 #include "core/text.h"
@@ -20,20 +23,19 @@ bool ends_in(const std::string& name, const std::string& ending) {
 std::vector<DirectoryListing::Entry> LocalDirectoryListing::files_ending_in(
     const std::string& folder, const std::string& ending) {
     std::vector<Entry> entries;
-    std::error_code error;
-    std::filesystem::directory_iterator found(system_path(folder), error);
-    for (; !error && found != std::filesystem::directory_iterator(); found.increment(error)) {
-        const std::string system_name = found->path().filename().string();
+    const std::string path = system_path(folder) + "/";
+    for (const std::string& system_name : names_in_folder(path)) {
         const std::string name = from_utf8(system_name);
-        // A file may vanish under the listing, and then is none.
-        std::error_code vanished;
-        if (!ends_in(name, ending) || to_utf8(name) != system_name ||
-            !found->is_regular_file(vanished))
-            continue;
-        const std::uintmax_t size = found->file_size(vanished);
-        if (!vanished) entries.push_back({name, size});
+        if (!ends_in(name, ending) || to_utf8(name) != system_name) continue;
+        struct stat status {};
+        if (::stat((path + system_name).c_str(), &status) == 0) {
+            if (S_ISREG(status.st_mode))
+                entries.push_back({name, static_cast<std::uintmax_t>(status.st_size)});
+        } else if (errno != ENOENT && errno != ELOOP) {
+            // A file may vanish under the listing, and then is none.
+            raise_system_error(errno);
+        }
     }
-    if (error) raise_system_error(error.value(), Wanted::Folder);
     return entries;
 }
 

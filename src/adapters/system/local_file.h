@@ -1,6 +1,8 @@
 // One open file of the system.
 #pragma once
 
+#include <sys/types.h>
+
 #include <string>
 
 #include "platform/files.h"
@@ -20,6 +22,9 @@ class LocalFile final : public File {
     std::size_t read(char* buffer, std::size_t size) override;
     void write(std::string_view bytes) override;
     void flush() override;
+    void write_whole(std::string_view bytes) override;
+    void reserve(std::size_t bytes) override;
+    void sync() override;
     void close() override;
 
   private:
@@ -27,11 +32,16 @@ class LocalFile final : public File {
     int release();
 
     int descriptor_;
+    off_t read_ = 0;
+    off_t size_ = 0;  // as far as is known
     std::string waiting_;
 };
 
 /// Opens a plain file; `path` is one of the system. Raises a RuntimeError for anything else that
 /// has the name, such as a folder or a pipe, without waiting for a peer.
 std::unique_ptr<LocalFile> open_local_file(const std::string& path, OpenFor purpose);
+
+/// Makes a file of its owner's alone where nothing has the name, a link neither; else null.
+std::unique_ptr<LocalFile> create_local_file(const std::string& path);
 
 }  // namespace tessarine

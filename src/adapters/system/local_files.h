@@ -15,8 +15,12 @@ class LocalFiles final : public Files {
     std::string present_name(const std::string& folder, const std::string& name) override;
     void create_folder(const std::string& path) override;
     std::unique_ptr<File> open(const std::string& path, OpenFor purpose) override;
-    /// The new file takes the place of the old one in one step, when it is complete.
+    std::unique_ptr<File> create(const std::string& path) override;
+    void replace(const std::string& path, std::string_view bytes) override;
     void copy(const std::string& from, const std::string& to) override;
+    std::unique_ptr<FileLock> lock(const std::string& path,
+                                   std::chrono::milliseconds patience) override;
+    void demand_own_folder(const std::string& path) override;
     void remove(const std::string& path) override;
 
   private:
