@@ -107,7 +107,7 @@ void LocalFile::write_whole(std::string_view bytes) {
     if (error == 0) return;
     waiting_.clear();
     // What this can't take back stays a cut line, which the next one to append ends.
-    static_cast<void>(::ftruncate(descriptor_, before.st_size));
+    [[maybe_unused]] const int taken_back = ::ftruncate(descriptor_, before.st_size);
     raise_system_error(error);
 }
 
