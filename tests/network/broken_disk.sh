@@ -10,6 +10,8 @@ set -euo pipefail
 
 bin=$1
 host=BRANCH09
+# Events are no UTF-8.
+export LC_ALL=C
 
 if [ "${2:-outside}" = outside ]; then
     command -v strace >/dev/null || { echo "skipped: strace is missing"; exit 77; }
