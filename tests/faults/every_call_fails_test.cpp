@@ -173,5 +173,23 @@ TEST_P(EveryCallFails, AndNothingThatWasThereIsLost) {
 INSTANTIATE_TEST_SUITE_P(Of, EveryCallFails, testing::ValuesIn(kScenarios),
                          [](const auto& tested) { return std::string(tested.param.name); });
 
+// An audit that has begun has its line in the audit log.
+TEST(FullDisk, KeepsWhatWasThereWhereverItFillsUp) {
+    constexpr std::size_t kReserved = 2000;
+    for (const Scenario& scenario : kScenarios)
+        for (std::size_t room = 0; room <= kReserved + 800; room += 25) {
+            Rig rig{control_events()};
+            scenario.prepare(rig);
+            rig.files.leave_room_for(room);
+            rig.run(scenario.act);
+            scenario.check(rig);
+            const std::string log = "/app/Logs/30-11-2004.log";
+            if (room >= kReserved && has(rig, log)) {
+                EXPECT_EQ(rig.files.bytes(log).find(" PC1 Audit "), 22U);
+            }
+            ASSERT_FALSE(testing::Test::HasFailure()) << scenario.name << " with " << room;
+        }
+}
+
 }  // namespace
 }  // namespace tessarine
