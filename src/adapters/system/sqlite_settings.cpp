@@ -148,7 +148,7 @@ std::string SqliteSettings::tighten() const {
     if (::stat(path_.c_str(), &status) != 0 || (status.st_mode & (S_IRWXG | S_IRWXO)) == 0)
         return "";
     const std::string found =
-        "Others than you could read or write " + from_utf8(path_) + ", which holds the password. ";
+        "Others than you could read or write " + from_utf8(path_) + ", which may hold a password. ";
     if (::chmod(path_.c_str(), S_IRUSR | S_IWUSR) == 0) return found + "Now it is yours alone.";
     return found + "That can't be changed: " + from_utf8(std::generic_category().message(errno)) +
            ".";
