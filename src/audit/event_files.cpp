@@ -25,8 +25,10 @@ void EventFiles::open(Console& console, const std::string& host) {
     const auto path_of = [&](EventLog log) {
         return host_log_path(files, settings->txtLogPath.text, host, log);
     };
-    // One of the three stands for all.
-    lock_ = files.lock(path_of(EventLog::System), std::chrono::milliseconds(0));
+    // One of the three stands for all. It may have been deleted since the audit began.
+    const std::string system_log = path_of(EventLog::System);
+    if (const auto made = files.create(system_log)) made->close();
+    lock_ = files.lock(system_log, std::chrono::milliseconds(0));
     if (lock_ == nullptr)
         throw RuntimeError(ErrorNumber::PermissionDenied,
                            "Another audit is writing the logs of " + host);
