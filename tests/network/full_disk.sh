@@ -27,10 +27,9 @@ use_store "$scratch/disk/store"
 full=0
 for option in append move; do
     for room in $(seq 0 4 156); do
-        mount -o remount,size=1M "$scratch/disk"
         new_store
-        used=$(df --output=used -k "$scratch/disk" | tail -n 1)
-        mount -o "remount,size=$((used + room))k" "$scratch/disk"
+        free=$(df --output=avail -k "$scratch/disk" | tail -n 1)
+        head -c "$((free - room))k" /dev/zero >"$scratch/disk/other"
         audit "$option"
         last=$(tail -n 1 "$store"/Logs/*.log | tr -d '\r')
         where="$option with $room KB: $last"
@@ -40,7 +39,7 @@ for option in append move; do
             *" Audit ok") [ "$(wc -l <"$log")" -ge 75 ] || { echo "$where: not true"; exit 1; } ;;
             *) echo "$where: not told" && exit 1 ;;
         esac
-        mount -o remount,size=1M "$scratch/disk"
+        rm "$scratch/disk/other"
         goes_on || { echo "$where: the next audit doesn't go on"; exit 1; }
     done
 done
