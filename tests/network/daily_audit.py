@@ -43,7 +43,7 @@ def prepare(desk):
     # The run needs its folder, which the first audit would make.
     (desk / "Logs").mkdir()
     now = datetime.datetime.now()
-    if now.second > 40:
+    if now.second > 30:
         now += datetime.timedelta(minutes=1)
     write_settings(desk / "settings.db", {
         "autoauditat": f"{now:%H:%M}", "autohostlist": str(desk / "hosts-of-the-day.txt"),
