@@ -43,8 +43,7 @@ bool settings_can_be_loaded(Console& console) {
     } catch (const RuntimeError& error) {
         const std::string question =
             "The settings are there, but can't be read: " + error.description() +
-            "\r\n\r\nTry again? Otherwise the console goes on with its "
-            "defaults.";
+            "\r\n\r\nTry again? Otherwise the console goes on with its defaults.";
         return dialogs.message_box(question, MessageStyle::YesNoQuestion) == MessageAnswer::No;
     }
 }

@@ -3,6 +3,7 @@
 #include <new>
 
 #include "core/runtime_error.h"
+#include "curl/certificate_failure.h"
 
 namespace tessarine {
 namespace {
@@ -68,6 +69,18 @@ void CurlTransfer::use_tls(const std::string& authorities) {
     if (authorities.empty()) return;
     curl_easy_setopt(easy_, CURLOPT_CAINFO, authorities.c_str());
     curl_easy_setopt(easy_, CURLOPT_CAPATH, nullptr);
+}
+
+std::optional<std::string> CurlTransfer::tls_failure_text(CURLcode code, const std::string& peer,
+                                                          const std::string& place) const {
+    if (code == CURLE_SSL_CACERT_BADFILE)
+        return "This machine has no list of certificate authorities: install ca-certificates";
+    if (code == CURLE_SSL_CONNECT_ERROR)
+        return "What answers " + place + " doesn't speak TLS 1.2 or later";
+    if (code != CURLE_PEER_FAILED_VERIFICATION) return std::nullopt;
+    long result = 0;
+    curl_easy_getinfo(easy_, CURLINFO_SSL_VERIFYRESULT, &result);
+    return certificate_failure_text(peer, result);
 }
 
 // libcurl finds out about slow peers, but only some seconds late about silent ones.

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,11 @@ class CurlTransfer {
     /// `while_waiting`, where there is one, is called several times a second meanwhile; what it
     /// raises ends the transfer.
     CURLcode run(std::chrono::seconds silence, const std::function<void()>& while_waiting);
+
+    /// Why TLS came to nothing, after a run that ended with `code`; nothing for other codes. `peer`
+    /// is what the text calls it ("host"), `place` where it is ("on port 5986 of the host").
+    std::optional<std::string> tls_failure_text(CURLcode code, const std::string& peer,
+                                                const std::string& place) const;
 
     /// For the handle's callbacks: the peer is not silent.
     void peer_spoke() { last_word_ = std::chrono::steady_clock::now(); }

@@ -1,7 +1,6 @@
 #include "adapters/curl/mail_text.h"
 
 #include <algorithm>
-#include <array>
 #include <ctime>
 #include <iomanip>
 #include <locale>
@@ -14,7 +13,6 @@ namespace tessarine {
 namespace {
 
 constexpr std::size_t kLongestAddress = 254;
-constexpr std::string_view kBlanks = " \t\r\n";
 
 bool is_plain(char c) {
     return c >= ' ' && c <= '~';
@@ -87,15 +85,19 @@ std::string message_id(const std::string& sender) {
 
 }  // namespace
 
+std::string_view without_blanks_around(std::string_view text) {
+    constexpr std::string_view kBlanks = " \t\r\n";
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
 std::vector<std::string> addresses_of(std::string_view list, char delimiter) {
     std::vector<std::string> addresses;
     while (!list.empty()) {
         const std::size_t end = std::min(list.find(delimiter), list.size());
-        const std::string_view entry = list.substr(0, end);
+        const std::string_view address = without_blanks_around(list.substr(0, end));
         list.remove_prefix(std::min(end + 1, list.size()));
-        const std::size_t first = entry.find_first_not_of(kBlanks);
-        if (first == std::string_view::npos) continue;
-        addresses.emplace_back(entry.substr(first, entry.find_last_not_of(kBlanks) + 1 - first));
+        if (!address.empty()) addresses.emplace_back(address);
     }
     return addresses;
 }

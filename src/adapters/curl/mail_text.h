@@ -9,6 +9,8 @@
 
 namespace tessarine {
 
+std::string_view without_blanks_around(std::string_view text);
+
 /// The addresses of a list, without the blanks around them; what is empty is left out.
 std::vector<std::string> addresses_of(std::string_view list, char delimiter);
 

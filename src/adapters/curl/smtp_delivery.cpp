@@ -10,7 +10,6 @@
 #include "adapters/curl/mail_text.h"
 #include "core/code_page.h"
 #include "core/runtime_error.h"
-#include "curl/certificate_failure.h"
 
 namespace tessarine {
 namespace {
@@ -76,12 +75,11 @@ SmtpDelivery::SmtpDelivery(const Mail& mail, Files& files, const SmtpOptions& op
 }
 
 void SmtpDelivery::set_server(const std::string& smtp_host) {
-    const std::vector<std::string> names = addresses_of(smtp_host, '\0');
-    if (names.empty()) fail("No mail server is given");
-    const std::string& name = names.front();
+    const std::string name(without_blanks_around(smtp_host));
+    if (name.empty()) fail("No mail server is given");
     const bool has_scheme = name.find("://") != std::string::npos;
     const bool parsed =
-        names.size() == 1 &&
+        name.find('\0') == std::string::npos &&
         curl_url_set(url_.get(), CURLUPART_URL,
                      to_utf8(has_scheme ? name : "smtp://" + name).c_str(), 0) == CURLUE_OK;
     const std::string scheme = url_part(CURLUPART_SCHEME);
@@ -197,24 +195,19 @@ std::string SmtpDelivery::server_place() const {
 std::string SmtpDelivery::failure_text(CURLcode code) const {
     if (!attachment_error_.empty()) return "The attachment can't be read: " + attachment_error_;
     if (talk_.was_refused()) return "The mail server refused " + talk_.refusal();
+    const std::string place = "at " + server_place();
+    if (const auto text = transfer_.tls_failure_text(code, "mail server", place)) return *text;
     long number = 0;
     switch (code) {
         case CURLE_COULDNT_RESOLVE_HOST:
             return "The mail server's name is unknown: " + from_utf8(url_part(CURLUPART_HOST));
         case CURLE_COULDNT_CONNECT:
             curl_easy_getinfo(transfer_.handle(), CURLINFO_OS_ERRNO, &number);
-            return "The mail server can't be reached at " + server_place() + ": " +
+            return "The mail server can't be reached " + place + ": " +
                    std::generic_category().message(static_cast<int>(number));
         case CURLE_OPERATION_TIMEDOUT:
             if (talk_.is_no_smtp()) break;
-            return "The mail server doesn't answer at " + server_place() + " (timed out)";
-        case CURLE_PEER_FAILED_VERIFICATION:
-            curl_easy_getinfo(transfer_.handle(), CURLINFO_SSL_VERIFYRESULT, &number);
-            return certificate_failure_text("mail server", number);
-        case CURLE_SSL_CACERT_BADFILE:
-            return "This machine has no list of certificate authorities: install ca-certificates";
-        case CURLE_SSL_CONNECT_ERROR:
-            return "What answers at " + server_place() + " doesn't speak TLS 1.2 or later";
+            return "The mail server doesn't answer " + place + " (timed out)";
         case CURLE_WEIRD_SERVER_REPLY:
             break;
         case CURLE_SEND_ERROR:
@@ -224,7 +217,7 @@ std::string SmtpDelivery::failure_text(CURLcode code) const {
         default:
             return std::string("The mail can't be sent: ") + curl_easy_strerror(code);
     }
-    return "What answers at " + server_place() + " doesn't speak SMTP";
+    return "What answers " + place + " doesn't speak SMTP";
 }
 
 int SmtpDelivery::on_talk(CURL* easy, curl_infotype kind, char* bytes, std::size_t size,

@@ -7,7 +7,6 @@
 
 #include "adapters/wsman/basics/failure.h"
 #include "adapters/wsman/basics/limits.h"
-#include "curl/certificate_failure.h"
 
 namespace tessarine {
 namespace {
@@ -76,12 +75,10 @@ std::string HttpConnection::failure_text(CURLcode code) const {
     if (too_large_ || code == CURLE_OUT_OF_MEMORY) return "The host's answer is too large";
     if (code == CURLE_COULDNT_RESOLVE_HOST) return "The host's name is unknown";
     if (code == CURLE_OPERATION_TIMEDOUT) return "The host doesn't answer (timed out)";
-    if (code == CURLE_PEER_FAILED_VERIFICATION || code == CURLE_SSL_CONNECT_ERROR ||
-        code == CURLE_SSL_CACERT_BADFILE)
-        return tls_failure_text(code);
+    const std::string place = "on port " + std::to_string(address_.port) + " of the host";
+    if (const auto text = transfer_.tls_failure_text(code, "host", place)) return *text;
     if (code == CURLE_UNSUPPORTED_PROTOCOL || code == CURLE_WEIRD_SERVER_REPLY)
-        return "What answers on port " + std::to_string(address_.port) +
-               " of the host doesn't speak HTTP";
+        return "What answers " + place + " doesn't speak HTTP";
     if (answered_ || code == CURLE_SEND_ERROR || code == CURLE_RECV_ERROR ||
         code == CURLE_GOT_NOTHING || code == CURLE_PARTIAL_FILE)
         return "The connection to the host is lost";
@@ -93,17 +90,6 @@ std::string HttpConnection::connect_failure_text(int number) const {
         return "Port " + std::to_string(address_.port) +
                " of the host is closed (connection refused)";
     return "The host can't be reached: " + std::generic_category().message(number);
-}
-
-std::string HttpConnection::tls_failure_text(CURLcode code) const {
-    if (code == CURLE_SSL_CACERT_BADFILE)
-        return "This machine has no list of certificate authorities: install ca-certificates";
-    if (code == CURLE_SSL_CONNECT_ERROR)
-        return "What answers on port " + std::to_string(address_.port) +
-               " of the host doesn't speak TLS 1.2 or later";
-    long result = 0;
-    curl_easy_getinfo(easy_, CURLINFO_SSL_VERIFYRESULT, &result);
-    return certificate_failure_text("host", result);
 }
 
 std::string HttpConnection::server_certificate() const {

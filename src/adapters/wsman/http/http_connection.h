@@ -50,7 +50,6 @@ class HttpConnection {
     std::string failure_text(CURLcode code) const;
     [[noreturn]] void fail(CURLcode code) const;
     std::string connect_failure_text(int number) const;
-    std::string tls_failure_text(CURLcode code) const;
 
     // libcurl's callbacks; `connection` is this object.
     static std::size_t on_header(char* bytes, std::size_t size, std::size_t count,
