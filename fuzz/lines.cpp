@@ -2,11 +2,10 @@
 // it, wherever a read stops.
 #include <algorithm>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "core/text.h"
 #include "fakes/dripping_file.h"
+#include "fuzz/plain_lines.h"
 #include "fuzz/promises.h"
 #include "search/matching_lines.h"
 #include "store/event_record.h"
@@ -14,25 +13,6 @@
 
 namespace tessarine::fuzz {
 namespace {
-
-using Lines = std::vector<std::string>;
-
-Lines plain_lines(std::string_view bytes) {
-    Lines lines;
-    std::string line;
-    bool open = false;
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        open = bytes[i] != '\r' && bytes[i] != '\n';
-        if (open) {
-            line += bytes[i];
-            continue;
-        }
-        if (bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n') ++i;
-        lines.push_back(std::exchange(line, {}));
-    }
-    if (open) lines.push_back(line);
-    return lines;
-}
 
 Lines lines_with(const Lines& all, const std::string& text) {
     Lines found;
