@@ -184,7 +184,8 @@ void MemoryFiles::replace(const std::string& path, std::string_view bytes) {
     if (!folders_.contains(parent_of(file))) path_not_found();
     if (bytes.size() > room_.value_or(bytes.size())) disk_full();
     if (room_) *room_ -= bytes.size();
-    opened_for_writing(file, OpenFor::Writing).bytes = bytes;
+    std::string copied(bytes);
+    opened_for_writing(file, OpenFor::Writing).bytes = std::move(copied);
 }
 
 std::unique_ptr<FileLock> MemoryFiles::lock(const std::string& path, std::chrono::milliseconds) {
@@ -203,8 +204,8 @@ void MemoryFiles::demand_own_folder(const std::string& path) {
 
 void MemoryFiles::copy(const std::string& from, const std::string& to) {
     raise_if_due(FileStep::Copy, from);
-    const std::string bytes = existing(normalised(from)).bytes;
-    opened_for_writing(normalised(to), OpenFor::Writing).bytes = bytes;
+    std::string bytes = existing(normalised(from)).bytes;
+    opened_for_writing(normalised(to), OpenFor::Writing).bytes = std::move(bytes);
 }
 
 void MemoryFiles::remove(const std::string& path) {
