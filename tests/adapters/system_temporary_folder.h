@@ -13,8 +13,9 @@ namespace tessarine {
 
 class TemporaryFolder {
   public:
-    TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "tessarine-XXXXXX").string();
+    explicit TemporaryFolder(
+        const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
+        std::string name = (parent / "tessarine-XXXXXX").string();
         if (::mkdtemp(name.data()) == nullptr) ADD_FAILURE() << "there is no room for a folder";
         path_ = name;
     }
