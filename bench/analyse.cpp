@@ -7,7 +7,7 @@
 #include "bench/idle_platform.h"
 #include "bench/json_text.h"
 #include "bench/loaded_store.h"
-#include "bench/process_memory.h"
+#include "bench/repetition.h"
 #include "core/code_page.h"
 
 namespace tessarine::bench {
@@ -40,16 +40,13 @@ std::string table_rows(const ListControl& table) {
 }  // namespace
 
 void analyse(std::span<char* const> words) {
-    const Arguments arguments(words, {}, 1, 1);
+    const Arguments arguments(words, {"--again"}, 1, 1);
     IdlePlatform idle;
     Console console(idle.platform());
     choose_store(console, arguments);
     MainForm& form = console.Form1;
     for (CheckBox* box : {&form.Check4, &form.Check5, &form.Check6}) box->value = 1;
-    const long idle_memory = present_memory();
-    const double seconds = seconds_of([&] { run_overall_analysis(console); });
-    std::cout << "{\"seconds\": " << std::to_string(seconds) << ", \"idle_kib\": " << idle_memory
-              << ", \"peak_kib\": " << peak_memory();
+    std::cout << "{" << repeated(arguments, [&] { run_overall_analysis(console); });
     for (const AnalysedLog& log : kLogs)
         std::cout << ",\n " << json_text(log.name) << ": {\"table\": [\n  "
                   << table_rows(form.*log.table)

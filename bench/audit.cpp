@@ -1,5 +1,4 @@
 // Audits one host over the network, as the window's commands do once the host is known to be there.
-#include <chrono>
 #include <cstdint>
 #include <iostream>
 #include <string>
@@ -12,7 +11,7 @@
 #include "bench/commands.h"
 #include "bench/idle_platform.h"
 #include "bench/json_text.h"
-#include "bench/process_memory.h"
+#include "bench/repetition.h"
 #include "core/code_page.h"
 
 namespace tessarine::bench {
@@ -39,7 +38,7 @@ void choose_option(Console& console, const std::string& option) {
 }  // namespace
 
 void audit(std::span<char* const> words) {
-    const Arguments arguments(words, {"--settings", "--option", "--kind"}, 2, 2);
+    const Arguments arguments(words, {"--settings", "--option", "--kind", "--again"}, 2, 2);
     keep_freed_memory();
     IdlePlatform idle;
     WsmanEventSource source({});
@@ -49,15 +48,11 @@ void audit(std::span<char* const> words) {
     console.Form3->txtLogPath.text = from_utf8(arguments.plain()[0]);
     console.Form3->txtArchivePath.text = console.Form3->txtLogPath.text;
     const std::string host = from_utf8(arguments.plain()[1]);
-    const long idle_memory = present_memory();
-    const auto start = std::chrono::steady_clock::now();
-    AuditHost(console, host, arguments.value("--kind", "full"), {});
-    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+    const std::string measured = repeated(
+        arguments, [&] { AuditHost(console, host, arguments.value("--kind", "full"), {}); });
     std::cout << "{\"outcome\": " << json_text(to_utf8(console.Form1.AuditStat.text))
               << ", \"panel1\": " << json_text(to_utf8(console.Form1.st1.text(1)))
-              << ", \"records\": " << records_of(console)
-              << ", \"seconds\": " << std::to_string(time.count())
-              << ", \"idle_kib\": " << idle_memory << ", \"peak_kib\": " << peak_memory() << "}\n";
+              << ", \"records\": " << records_of(console) << ", " << measured << "}\n";
 }
 
 }  // namespace tessarine::bench

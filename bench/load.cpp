@@ -4,7 +4,7 @@
 #include "bench/commands.h"
 #include "bench/idle_platform.h"
 #include "bench/loaded_store.h"
-#include "bench/process_memory.h"
+#include "bench/repetition.h"
 #include "viewer/host_loading.h"
 
 namespace tessarine::bench {
@@ -14,13 +14,7 @@ void load(std::span<char* const> words) {
     IdlePlatform idle;
     Console console(idle.platform());
     const std::string host = choose_host(console, arguments);
-    const auto load_host = [&] { ViewEventLog(console, host); };
-    const long idle_memory = present_memory();
-    std::cout << "{\"seconds\": " << std::to_string(seconds_of(load_host))
-              << ", \"seconds_again\": [";
-    for (int i = 0; i < arguments.number("--again", 0); ++i)
-        std::cout << (i == 0 ? "" : ", ") << std::to_string(seconds_of(load_host));
-    std::cout << "], \"idle_kib\": " << idle_memory << ", \"peak_kib\": " << peak_memory() << ",\n"
+    std::cout << "{" << repeated(arguments, [&] { ViewEventLog(console, host); }) << ",\n"
               << screen_members(console) << "}\n";
 }
 

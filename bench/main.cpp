@@ -16,14 +16,15 @@ constexpr const char* kUsage =
     "       tessarine-bench redisplay STORE HOST LOG [--off BOX,...] [--times N]\n"
     "                                 [--alerts FILE] [--ignore FILE]\n"
     "       tessarine-bench sort STORE HOST LOG COLUMN\n"
-    "       tessarine-bench analyse STORE\n"
+    "       tessarine-bench analyse STORE [--again N]\n"
     "       tessarine-bench graph STORE HOST\n"
     "       tessarine-bench search STORE TEXT [--logs LOG,...] [--alerts FILE]\n"
+    "                              [--again N]\n"
     "       tessarine-bench html STORE HOST LOG FOLDER [--alerts FILE] [--ignore FILE]\n"
     "       tessarine-bench generate STORE --host NAME [--lines N] [--language german] [--seed N]\n"
     "       tessarine-bench write N STORE\n"
     "       tessarine-bench audit STORE HOST [--settings FILE] [--kind full|M/D/YYYY]\n"
-    "                             [--option append|overwrite|move]\n"
+    "                             [--option append|overwrite|move] [--again N]\n"
     "       tessarine-bench limits read|lines|slurp FILE...\n"
     "       tessarine-bench limits fwrite FILE LINES\n";
 

@@ -8,7 +8,7 @@
 #include "bench/idle_platform.h"
 #include "bench/json_text.h"
 #include "bench/loaded_store.h"
-#include "bench/process_memory.h"
+#include "bench/repetition.h"
 #include "core/code_page.h"
 #include "search/search.h"
 
@@ -42,16 +42,13 @@ void tick_logs(MainForm& form, const std::string& logs) {
 }  // namespace
 
 void search(std::span<char* const> words) {
-    const Arguments arguments(words, {"--logs", "--alerts"}, 2, 2);
+    const Arguments arguments(words, {"--logs", "--alerts", "--again"}, 2, 2);
     IdlePlatform idle;
     Console console(idle.platform());
     choose_store(console, arguments);
     console.Form1.TxtSearch.text = from_utf8(arguments.plain()[1]);
     tick_logs(console.Form1, arguments.value("--logs", "s,a,p"));
-    const long idle_memory = present_memory();
-    const double seconds = seconds_of([&] { Search(console); });
-    std::cout << "{\"seconds\": " << std::to_string(seconds) << ", \"idle_kib\": " << idle_memory
-              << ", \"peak_kib\": " << peak_memory() << ",\n"
+    std::cout << "{" << repeated(arguments, [&] { Search(console); }) << ",\n"
               << " \"panel1\": " << json_text(to_utf8(console.Form1.st1.text(1))) << ",\n"
               << screen_members(console) << "}\n";
 }
