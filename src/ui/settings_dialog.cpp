@@ -18,6 +18,7 @@
 #include "ui/secret_edit.h"
 #include "ui/up_down_view.h"
 #include "ui/widgets.h"
+#include "ui/window_keys.h"
 
 namespace tessarine {
 namespace {
@@ -132,6 +133,7 @@ SettingsDialog::SettingsDialog(EventDoor& door, QWidget* parent)
     auto* column = new QWidget;
     lay_out_pages(*column, named(new QTabBar, "TabStrip1", tr("Pages of the settings")), pages_);
     lay_out_over_status_bar(column, "st1");
+    add_page_keys(*this, [column]() -> QWidget& { return *column; });
     setMinimumWidth(kLeastWidth);
     bind();
 }

@@ -10,14 +10,13 @@
 #include <QShortcut>
 #include <QTabBar>
 #include <algorithm>
-#include <functional>
 
 #include "ui/list_view.h"
 
 namespace tessarine {
 namespace {
 
-void add_key(QMainWindow& window, const QKeySequence& keys, const std::function<void()>& act) {
+void add_key(QWidget& window, const QKeySequence& keys, const std::function<void()>& act) {
     QObject::connect(new QShortcut(keys, &window), &QShortcut::activated, &window, act);
 }
 
@@ -44,11 +43,14 @@ void turn_page(QWidget& column, int step) {
 void add_window_keys(QMainWindow& window, QWidget& left, QWidget& right) {
     add_key(window, QKeySequence("F10"),
             [bar = window.menuBar()] { bar->setActiveAction(bar->actions().constFirst()); });
-    const auto turn = [&left, &right](int step) {
-        turn_page(left.isAncestorOf(QApplication::focusWidget()) ? left : right, step);
-    };
-    add_key(window, QKeySequence("Ctrl+Tab"), [turn] { turn(+1); });
-    add_key(window, QKeySequence("Ctrl+Shift+Tab"), [turn] { turn(-1); });
+    add_page_keys(window, [&left, &right]() -> QWidget& {
+        return left.isAncestorOf(QApplication::focusWidget()) ? left : right;
+    });
+}
+
+void add_page_keys(QWidget& window, const std::function<QWidget&()>& column) {
+    add_key(window, QKeySequence("Ctrl+Tab"), [column] { turn_page(column(), +1); });
+    add_key(window, QKeySequence("Ctrl+Shift+Tab"), [column] { turn_page(column(), -1); });
 }
 
 void press_on_enter(QLineEdit& field, QPushButton& button) {

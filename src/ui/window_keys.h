@@ -1,7 +1,8 @@
-// What the keyboard does in the main window beyond what each widget does by itself.
+// What the keyboard does in a window beyond what each widget does by itself.
 #pragma once
 
 #include <QObject>
+#include <functional>
 
 class QKeyEvent;
 class QLineEdit;
@@ -13,9 +14,13 @@ namespace tessarine {
 
 class ListView;
 
-/// F10 opens the menu bar. Ctrl+Tab and Ctrl+Shift+Tab turn the pages of the strip in whose `left`
-/// or `right` column the focus is, and give the focus to the new page.
+/// F10 opens the menu bar, and Ctrl+Tab is about the strip in whose `left` or `right` column the
+/// focus is.
 void add_window_keys(QMainWindow& window, QWidget& left, QWidget& right);
+
+/// Ctrl+Tab and Ctrl+Shift+Tab turn the pages of the strip in the column that `column` gives then,
+/// and give the focus to the new page.
+void add_page_keys(QWidget& window, const std::function<QWidget&()>& column);
 
 /// Enter in `field` presses `button`, and leaves the focus in the field.
 void press_on_enter(QLineEdit& field, QPushButton& button);

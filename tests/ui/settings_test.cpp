@@ -70,6 +70,10 @@ TEST(Settings, APageIsSavedByItsButtonAndTheRestDroppedOnClosing) {
         EXPECT_EQ(status(dialog), "");
         press(dialog, "cmdAuditSave");
         EXPECT_EQ(status(dialog), "Audit Settings Saved....");
+        QTest::keyClick(&dialog, Qt::Key_Tab, Qt::ControlModifier);
+        EXPECT_EQ(dialog.focusWidget(), &in(dialog, "Check1"));
+        QTest::keyClick(&dialog, Qt::Key_Tab, Qt::ControlModifier | Qt::ShiftModifier);
+        EXPECT_EQ(dialog.focusWidget(), &folder);
         open_page(dialog, 2);
         EXPECT_FALSE(folder.isVisible());
         QTest::keyClicks(&in(dialog, "txtHosts"), "/unsaved.txt");
