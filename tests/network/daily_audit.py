@@ -105,6 +105,9 @@ def check(desk, mails):
         "Tessarine Auto Audit Report. Message Sent at : ")
     for file in desk.rglob("*"):
         assert not file.is_file() or PASSWORD not in file.read_bytes(), file
+    for made in [desk / "settings.db", *(file for name in ("Data", "Logs", "Archive")
+                                         for file in (desk / name).rglob("*"))]:
+        assert made.stat().st_mode & 0o077 == 0, made
     print(f"{alerts} alerts of {len(HOSTS)} hosts reported and mailed")
 
 
@@ -125,7 +128,8 @@ def main(binaries):
         prepare(desk)
         environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "XDG_DATA_HOME": scratch,
                        "XDG_RUNTIME_DIR": scratch, "LC_ALL": "C"}
-        console = subprocess.Popen([*network, f"{binaries}/tessarine"], env=environment)
+        console = subprocess.Popen([*network, f"{binaries}/tessarine"], env=environment,
+                                   umask=0)
         try:
             check(desk, await_mail(desk / "mail" / "new", console))
         finally:
