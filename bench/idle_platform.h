@@ -11,6 +11,7 @@
 #include "platform/chart_picture.h"
 #include "platform/clipboard.h"
 #include "platform/dialogs.h"
+#include "platform/directory_service.h"
 #include "platform/event_source.h"
 #include "platform/form_windows.h"
 #include "platform/mail_sender.h"
@@ -77,6 +78,10 @@ class IdleMailSender final : public MailSender {
     void send(const Mail&, MailEvents&) override {}
 };
 
+class IdleDirectoryService final : public DirectoryService {
+    std::unique_ptr<DirectoryObject> bind(const std::string&) override { return nullptr; }
+};
+
 class IdleShell final : public Shell {
     void open(const std::string&) override {}
     bool has_program_for(const std::string&) override { return false; }
@@ -105,6 +110,7 @@ struct IdlePlatform {
     IdleChartPicture chart_picture;
     IdleWorkbooks workbooks;
     IdleMailSender mail_sender;
+    IdleDirectoryService directory_service;
     IdleShell shell;
     IdleProgram program;
 
@@ -123,6 +129,7 @@ struct IdlePlatform {
                 .chart_picture = chart_picture,
                 .workbooks = workbooks,
                 .mail_sender = mail_sender,
+                .directory_service = directory_service,
                 .shell = shell,
                 .program = program,
                 .table_memory = &table_memory,

@@ -3,6 +3,7 @@
 #include <QApplication>
 
 #include "adapters/curl/smtp_mail_sender.h"
+#include "adapters/openldap/ldap_directory_service.h"
 #include "adapters/qt/qt_clipboard.h"
 #include "adapters/qt/qt_program.h"
 #include "adapters/qt/qt_shell.h"
@@ -53,6 +54,7 @@ struct ConsoleProgram::Parts {
     SqliteSettings settings{program.application_directory() + "/settings.db"};
     WsmanEventSource events{{.while_waiting = [this] { windows.tick(); }}};
     SmtpMailSender mail{files, {.while_waiting = [this] { windows.tick(); }}};
+    LdapDirectoryService directory{{.while_waiting = [this] { windows.tick(); }}};
     LargePageMemory memory;
     PrivateMemory secret_memory;
     Console console{{.event_source = events,
@@ -67,6 +69,7 @@ struct ConsoleProgram::Parts {
                      .chart_picture = chart_picture,
                      .workbooks = workbooks,
                      .mail_sender = mail,
+                     .directory_service = directory,
                      .shell = shell,
                      .program = program,
                      .table_memory = &memory,

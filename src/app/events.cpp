@@ -17,6 +17,7 @@
 #include "core/run_event.h"
 #include "core/tabs.h"
 #include "hosts/add_host_dialog.h"
+#include "hosts/directory_dialog.h"
 #include "hosts/host_list.h"
 #include "hosts/host_list_files.h"
 #include "hosts/preaudited_hosts.h"
@@ -74,11 +75,13 @@ constexpr FormId Form4 = CustomAuditForm::kId;
 constexpr FormId Form5 = GraphForm::kId;
 constexpr FormId Form6 = AddHostForm::kId;
 constexpr FormId ConCheck = ConnectionCheckForm::kId;
+constexpr FormId frmADS = DirectoryForm::kId;
 
 constexpr std::array kEvents = {
     // The main window and its menus.
     ControlEvent{Form1, "Form1", Activate, plain<activate_main_form>},
     ControlEvent{Form1, "exit", Click, plain<end_after_event>},
+    ControlEvent{Form1, "enumads", Click, plain<show_directory>},
     ControlEvent{Form1, "loadfrmlist", Click, plain<loadfrmlist>},
     ControlEvent{Form1, "loadpreaudited", Click, plain<LoadPreAuditedHosts>},
     ControlEvent{Form1, "addhostmanually", Click, plain<show_add_host>},
@@ -191,6 +194,11 @@ constexpr std::array kEvents = {
 
     // The schedule.
     ControlEvent{Form1, "tmrAutoAudit", Timer, plain<tick_schedule>},
+
+    // The directory.
+    ControlEvent{frmADS, "Command1", Click, plain<list_containers>},
+    ControlEvent{frmADS, "Command2", Click, plain<list_objects>},
+    ControlEvent{frmADS, "Command3", Click, plain<add_listed_objects>},
 
     // Adding hosts by hand, the test of a host.
     ControlEvent{Form6, "Command1", Click, plain<add_typed_host>},

@@ -9,6 +9,7 @@
 #include "core/forms/add_host_form.h"
 #include "core/forms/connection_check_form.h"
 #include "core/forms/custom_audit_form.h"
+#include "core/forms/directory_form.h"
 #include "core/forms/event_details_form.h"
 #include "core/forms/graph_form.h"
 #include "core/forms/main_form.h"
@@ -22,6 +23,7 @@ class Clipboard;
 class Clock;
 class Dialogs;
 class DirectoryListing;
+class DirectoryService;
 class EventSource;
 class Files;
 class FormWindows;
@@ -54,6 +56,7 @@ struct Platform {
     ChartPicture& chart_picture;
     Workbooks& workbooks;
     MailSender& mail_sender;
+    DirectoryService& directory_service;
     Shell& shell;
     Program& program;
     /// Memory for large tables.
@@ -83,13 +86,14 @@ struct Console {
     Form<GraphForm> Form5;
     Form<AddHostForm> Form6;
     Form<ConnectionCheckForm> ConCheck;
+    Form<DirectoryForm> frmADS;
     Form<tessarine::AboutForm> AboutForm;
 
     /// The list of forms: shows `see(form)` each of them, loaded or not.
     template <class Visitor>
     void visit_forms(Visitor&& see) {
         (see(Form1), see(Form2), see(Form3), see(Form4), see(Form5), see(Form6), see(ConCheck),
-         see(AboutForm));
+         see(frmADS), see(AboutForm));
     }
 
     int mouse_pointer = kPointerDefault;  ///< of the whole screen

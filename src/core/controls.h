@@ -56,6 +56,7 @@ struct Image {
 struct Frame {
     std::string caption;
     bool visible = true;
+    std::string tool_tip;
 };
 
 /// Raises its event every `interval` milliseconds while it is enabled.
@@ -69,6 +70,13 @@ struct UpDown {
     int minimum = 0;
     int maximum = 0;
     int value = 0;
+};
+
+/// A text, typed or chosen from a list of texts, which only grows.
+struct ComboBox {
+    std::string text;
+    std::vector<std::string> items;
+    std::string tool_tip;
 };
 
 /// Lines of text, the last one in sight.

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -124,6 +125,16 @@ bool ControlBinder::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
+void ControlBinder::bind(std::string_view name, const ComboBox& control, QWidget& widget) {
+    describe(widget, {}, control.tool_tip);
+    auto* combo = qobject_cast<QComboBox*>(&widget);
+    if (combo == nullptr) return;
+    connect(combo, &QComboBox::editTextChanged, this, [this, name](const QString& text) {
+        with_control<ComboBox>(door_.console(), form_, name,
+                               [&](ComboBox& box) { box.text = from_qt(text); });
+    });
+}
+
 void ControlBinder::bind(std::string_view name, const CheckBox& control, QWidget& widget) {
     describe(widget, control.caption, control.tool_tip);
     auto* box = qobject_cast<QCheckBox*>(&widget);
@@ -137,7 +148,7 @@ void ControlBinder::bind(std::string_view name, const CheckBox& control, QWidget
 }
 
 void ControlBinder::bind(std::string_view, const Frame& control, QWidget& widget) {
-    describe(widget, control.caption, {});
+    describe(widget, control.caption, control.tool_tip);
     if (auto* group = qobject_cast<QGroupBox*>(&widget)) group->setTitle(to_qt(control.caption));
 }
 

@@ -54,6 +54,7 @@ class ControlBinder : public QObject {
     void bind(std::string_view name, const Label& control, QWidget& widget);
     void bind(std::string_view name, const TextBox& control, QWidget& widget);
     void bind(std::string_view name, const SecretBox& control, QWidget& widget);
+    void bind(std::string_view name, const ComboBox& control, QWidget& widget);
     void bind(std::string_view name, const CheckBox& control, QWidget& widget);
     void bind(std::string_view name, const UpDown& control, QWidget& widget);
     void bind(std::string_view, const Frame& control, QWidget& widget);

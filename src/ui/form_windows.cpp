@@ -9,6 +9,7 @@
 #include "ui/add_host_dialog.h"
 #include "ui/connection_check_dialog.h"
 #include "ui/custom_audit_dialog.h"
+#include "ui/directory_dialog.h"
 #include "ui/event_details_dialog.h"
 #include "ui/form_access.h"
 #include "ui/graph_dialog.h"
@@ -36,6 +37,7 @@ constexpr FormWindow kFormWindows[] = {
     {GraphForm::kId, make_dialog<GraphDialog>},
     {AddHostForm::kId, make_dialog<AddHostDialog>},
     {ConnectionCheckForm::kId, make_dialog<ConnectionCheckDialog>},
+    {DirectoryForm::kId, make_dialog<DirectoryDialog>},
     {AboutForm::kId, make_dialog<AboutDialog>},
 };
 

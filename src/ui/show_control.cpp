@@ -2,6 +2,7 @@
 
 #include <QCalendarWidget>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -104,6 +105,17 @@ void show_control(const ListBox& control, QWidget& widget) {
     list->clear();
     list->addItems(wanted);
     list->scrollToBottom();
+}
+
+void show_control(const ComboBox& control, QWidget& widget) {
+    auto* combo = qobject_cast<QComboBox*>(&widget);
+    if (combo == nullptr) return;
+    const QSignalBlocker no_event(widget);
+    for (std::size_t item = static_cast<std::size_t>(combo->count()); item < control.items.size();
+         ++item)
+        combo->addItem(to_qt(control.items[item]));
+    // The first item that comes would become the text.
+    if (combo->currentText() != to_qt(control.text)) combo->setEditText(to_qt(control.text));
 }
 
 void show_control(const CheckBox& control, QWidget& widget) {

@@ -19,6 +19,7 @@ void show_control(const TextBox& control, QWidget& widget);
 void show_control(const SecretBox& control, QWidget& widget);
 void show_control(const ListBox& control, QWidget& widget);
 inline void show_control(const UpDown&, QWidget&) {}
+void show_control(const ComboBox& control, QWidget& widget);
 void show_control(const CheckBox& control, QWidget& widget);
 void show_control(const OptionButton& control, QWidget& widget);
 inline void show_control(const Frame&, QWidget&) {}  // nothing of it changes

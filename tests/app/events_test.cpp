@@ -48,6 +48,8 @@ class BusyConsole {
         for (const char* log : {"system", "application", "security"})
             rig.files.put(std::string("/app/Data/PC2_") + log + ".log",
                           std::string("audit failure|d|t|") + log + "|7|u|c|x\r\n");
+        rig.directory.containers["LDAP:// DC=example, DC=net"].children = {{"Users", ""}};
+        rig.directory.containers["LDAP://CN=Typed, DC=example, DC=net"].children = {{"pc8", ""}};
         rig.run(start_up);
         for (const char* name : {"PC1", "PC2", "PC3"}) {
             rig.network.hosts[name].records = {{.LogFile = "System"}};
@@ -90,6 +92,7 @@ class BusyConsole {
         });
         close_when_shown(rig.console.Form3);
         close_when_shown(rig.console.Form6);
+        close_when_shown(rig.console.frmADS);
         close_when_shown(rig.console.AboutForm);
         fill_settings(rig.console.Form3.get());
         form.TabStrip1.selected = 3;
@@ -158,6 +161,11 @@ class BusyConsole {
         console.Form5->pie.type = ChartType{0};
         console.Form6->AddHost.text = "";
         console.ConCheck->lblReturn.caption = "connected";
+        console.frmADS->txtDC1.text = "example";
+        console.frmADS->txtDC2.text = "net";
+        console.frmADS->Combo1.text = "Typed";
+        console.frmADS->optCont.value = true;
+        console.frmADS->ListView1.add_row("pc7", 0);
     }
 
     Lines notes_;

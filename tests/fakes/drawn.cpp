@@ -78,6 +78,11 @@ std::string text_of(const ListBox& list) {
     for (const std::string& item : list.items) text += "  " + shown(item) + "\n";
     return text;
 }
+std::string text_of(const ComboBox& box) {
+    std::string text = " \"" + shown(box.text) + "\"\n";
+    for (const std::string& item : box.items) text += "  " + shown(item) + "\n";
+    return text;
+}
 std::string text_of(const Label& label) {
     return " \"" + shown(label.caption) + "\"\n";
 }

@@ -44,6 +44,7 @@ Rig::Rig(std::span<const ControlEvent> events)
                .chart_picture = chart_picture,
                .workbooks = workbooks,
                .mail_sender = mail,
+               .directory_service = directory,
                .shell = shell,
                .program = program}) {
     windows.attach(console);

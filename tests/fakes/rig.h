@@ -13,6 +13,7 @@
 #include "fakes/fake_settings.h"
 #include "fakes/memory_files.h"
 #include "fakes/scripted_dialogs.h"
+#include "fakes/scripted_directory.h"
 #include "fakes/scripted_hosts.h"
 #include "fakes/scripted_mail.h"
 #include "fakes/scripted_probe.h"
@@ -110,6 +111,7 @@ struct Rig {
     WrittenChartPicture chart_picture{clipboard};
     RecordedWorkbooks workbooks;
     ScriptedMail mail;
+    ScriptedDirectory directory;
     RecordedShell shell;
     FakeProgram program;
     ScriptedHosts network;

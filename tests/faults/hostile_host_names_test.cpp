@@ -11,6 +11,7 @@
 #include "core/text.h"
 #include "fakes/rig.h"
 #include "hosts/add_host_dialog.h"
+#include "hosts/directory_dialog.h"
 #include "hosts/host_list.h"
 #include "hosts/host_list_files.h"
 #include "schedule/scheduled_audit.h"
@@ -97,6 +98,14 @@ TEST(HostileHostNames, MakeNoFileOutsideOfTheStoreWhicheverWayTheyCome) {
         listed.run(loadfrmlist);
         listed.run(runFullauditAllhost);
         listed.expect_all_in_the_store(name);
+
+        HostileNetwork found(name);
+        found.directory.containers["LDAP://CN=, DC=, DC="].children = {{name, ""}};
+        found.console.frmADS->optCont.value = true;
+        found.run(list_objects);
+        found.run(add_listed_objects);
+        found.run(runFullauditAllhost);
+        found.expect_all_in_the_store(name);
 
         HostileNetwork scheduled(name);
         scheduled.files.put("/hosts.txt", name + "\r\n");

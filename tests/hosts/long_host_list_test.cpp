@@ -7,6 +7,7 @@
 #include "audit/custom_audit.h"
 #include "audit/full_audit.h"
 #include "fakes/rig.h"
+#include "hosts/directory_dialog.h"
 #include "hosts/host_list.h"
 #include "hosts/host_list_files.h"
 #include "hosts/preaudited_hosts.h"
@@ -51,6 +52,10 @@ TEST_F(LongHostList, EndsTheConsoleWhereverItIsWalked) {
         EXPECT_EQ(failure_of(run_custom_audit), overflow);
     }
     EXPECT_TRUE(rig.probe.attempts.empty());
+    ListControl& objects = rig.console.frmADS->ListView1;
+    for (int i = 1; i <= 32'768; ++i) objects.add_row("PC", 0);
+    EXPECT_EQ(failure_of(add_listed_objects), overflow);
+    EXPECT_EQ(rig.console.Form1.ListView1.count(), 32'768);
     for (int i = 1; i <= 32'767; ++i)
         rig.files.put("/app/Data/PC" + std::to_string(i) + "_system.log", "x");
     EXPECT_EQ(failure_of(LoadPreAuditedHosts), "");

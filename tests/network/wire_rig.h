@@ -133,6 +133,7 @@ class WireRig {
                      .chart_picture = fakes_.chart_picture,
                      .workbooks = fakes_.workbooks,
                      .mail_sender = fakes_.mail,
+                     .directory_service = fakes_.directory,
                      .shell = fakes_.shell,
                      .program = fakes_.program}};
 };

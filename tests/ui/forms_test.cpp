@@ -150,8 +150,9 @@ TEST(Forms, EveryControlOfTheDialogsHasItsWidgetAndItsRoutine) {
     const RecordedEvents recorded;
     WindowRig window(recorded.events());
     window.start();
-    for (const FormId form : {SettingsForm::kId, CustomAuditForm::kId, GraphForm::kId,
-                              AddHostForm::kId, AboutForm::kId, ConnectionCheckForm::kId}) {
+    for (const FormId form :
+         {SettingsForm::kId, CustomAuditForm::kId, GraphForm::kId, AddHostForm::kId,
+          DirectoryForm::kId, AboutForm::kId, ConnectionCheckForm::kId}) {
         window.console.visit_forms([form](auto& each) {
             if constexpr (requires { each.get(); })
                 if (each.kId == form) each.get();

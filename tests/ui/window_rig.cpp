@@ -36,6 +36,7 @@ WindowRig::WindowRig(std::span<const ControlEvent> events)
                .chart_picture = rig.chart_picture,
                .workbooks = rig.workbooks,
                .mail_sender = rig.mail,
+               .directory_service = rig.directory,
                .shell = rig.shell,
                .program = rig.program}) {
     windows.open(console, events);

@@ -13,8 +13,8 @@ _FORM = re.compile(r"^\| `(\w+)` \|[^|]*\| `(\w+)` \|$", re.MULTILINE)
 _STRUCT = re.compile(r"^struct (\w+) : FormBase \{", re.MULTILINE)
 _CONTROL = re.compile(
     r"^    ((?:Label|TextBox|SecretBox|CheckBox|OptionButton|CommandButton|Image|Frame|Timer|UpDown"
-    r"|MonthView|Chart|ListControl|TabStrip|StatusBar|ProgressBar|MenuEntry|std::array<Frame, \d>)"
-    r" [^;]*);", re.MULTILINE)
+    r"|MonthView|Chart|ComboBox|ListControl|TabStrip|StatusBar|ProgressBar|MenuEntry"
+    r"|std::array<Frame, \d>) [^;]*);", re.MULTILINE)
 _TYPE = re.compile(r"^(?:std::array<Frame, \d>|\w+) ")
 # What has no widget of its own: timers, entries of menus, frames without a caption, and what is
 # hidden for good.
