@@ -10,6 +10,7 @@
 #include "sample_network/built_in_hosts.h"
 #include "sample_network/command.h"
 #include "sample_network/desk.h"
+#include "sample_network/directory_server.h"
 #include "sample_network/faults/fault_hosts.h"
 #include "sample_network/mail_server.h"
 #include "sample_network/options.h"
@@ -79,6 +80,18 @@ void serve_mail(const Options& options, const HeldSignals& signals, const Texts&
         std::cerr << "No mail server: aiosmtpd is missing\n";
 }
 
+void serve_directory(const Options& options, const HeldSignals& signals,
+                     const std::vector<SampleHost>& hosts, const Texts& environment) {
+    const bool started = start_directory(signals, options.desk / "directory", hosts, environment);
+    if (options.quiet) return;
+    if (started)
+        std::cerr << "Hosts > Enumerate Active Directory takes the domain sample and example; the "
+                     "hosts are in the Organizational Unit Servers, and the Container Computers "
+                     "has 2,500 others\n";
+    else
+        std::cerr << "No directory: slapd is missing\n";
+}
+
 int serve(const Options& options, const HeldSignals& signals, const std::vector<SampleHost>& hosts,
           const CertificateAuthority& authority, DownHosts down_hosts) {
     // The command must not find the hosts' user list in its environment.
@@ -87,7 +100,10 @@ int serve(const Options& options, const HeldSignals& signals, const std::vector<
     SampleNetwork network(hosts, authority);
     network.listen(down_hosts);
     if (!options.quiet) describe(hosts);
-    if (!options.desk.empty()) serve_mail(options, signals, environment);
+    if (!options.desk.empty()) {
+        serve_mail(options, signals, environment);
+        serve_directory(options, signals, hosts, environment);
+    }
     const Texts command = command_of(options);
     if (!command.empty()) return signals.run_command(command, environment);
     std::cerr << "Running until Ctrl-C\n";
@@ -117,7 +133,7 @@ int run(const Options& options, const Texts& arguments) {
     const auto say = [&](const std::string& text) {
         if (!options.quiet) std::cerr << text << '\n';
     };
-    const std::string names = hosts_file_lines(hosts) + kMailServerLine;
+    const std::string names = hosts_file_lines(hosts) + kMailServerLine + kDirectoryLine;
     if (options.network != NetworkChoice::Wrapped) {
         const auto problem = enter_private_network(names, authority.pem());
         if (!problem) {

@@ -20,6 +20,7 @@ namespace tessarine::sample {
 namespace {
 
 constexpr const char* kHostsFile = "/etc/hosts";
+constexpr const char* kPortsFile = "/proc/sys/net/ipv4/ip_unprivileged_port_start";
 constexpr const char* kNameServiceFile = "/etc/nsswitch.conf";
 constexpr const char* kAuthoritiesFile = "/etc/ssl/certs/ca-certificates.crt";
 
@@ -51,6 +52,12 @@ void start_loopback() {
     checked(ioctl(any.get(), SIOCSIFFLAGS, &request), "lo");
 }
 
+// The servers beside the hosts have ports of root's, whoever runs them. Where that can't be had
+// they say so themselves.
+void free_low_ports() {
+    std::ofstream(kPortsFile) << "0\n";
+}
+
 // The file that lies under the new one stays as it is, and the new one is gone from its folder as
 // soon as it is mounted.
 void cover(const char* path, const std::string& text) {
@@ -80,6 +87,7 @@ void enter(Namespaces namespaces, const std::string& hosts, const std::string& a
     if (with_user) become_oneself(user, group);
     checked(mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr), "mount");
     start_loopback();
+    free_low_ports();
     cover(kHostsFile, read_file(kHostsFile) + "\n" + hosts);
     if (const std::string names = read_file(kNameServiceFile); !names.empty())
         cover(kNameServiceFile, names_from_files(names));
