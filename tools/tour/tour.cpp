@@ -62,6 +62,7 @@ void Tour::walk() {
     show_graph();
     audit_from_a_day();
     add_a_host();
+    find_hosts_in_the_directory();
     set_up_the_console();
     await_the_scheduled_run();
     show_about();

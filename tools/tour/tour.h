@@ -37,6 +37,7 @@ class Tour {
     void show_graph();
     void audit_from_a_day();
     void add_a_host();
+    void find_hosts_in_the_directory();
     void set_up_the_console();
     QStringList hosts_for_a_run() const;
     void schedule_a_run_for_now(const User& in_dialog);
