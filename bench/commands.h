@@ -9,6 +9,7 @@ namespace tessarine::bench {
 void generate(std::span<char* const> words);
 void load(std::span<char* const> words);
 void audit(std::span<char* const> words);
+void browse(std::span<char* const> words);
 void redisplay(std::span<char* const> words);
 void sort(std::span<char* const> words);
 void analyse(std::span<char* const> words);

@@ -25,6 +25,7 @@ constexpr const char* kUsage =
     "       tessarine-bench write N STORE\n"
     "       tessarine-bench audit STORE HOST [--settings FILE] [--kind full|M/D/YYYY]\n"
     "                             [--option append|overwrite|move] [--again N]\n"
+    "       tessarine-bench browse [GROUP]\n"
     "       tessarine-bench limits read|lines|slurp FILE...\n"
     "       tessarine-bench limits fwrite FILE LINES\n";
 
@@ -40,7 +41,7 @@ constexpr std::array kCommands = {
     Command{"load", load},           Command{"generate", generate}, Command{"audit", audit},
     Command{"redisplay", redisplay}, Command{"sort", sort},         Command{"analyse", analyse},
     Command{"search", search},       Command{"graph", graph},       Command{"html", html},
-    Command{"write", write},         Command{"limits", limits},
+    Command{"write", write},         Command{"limits", limits},     Command{"browse", browse},
 };
 
 void run(std::span<char* const> words) {

@@ -10,8 +10,8 @@
 #include "adapters/wsman/records/event_items.h"
 #include "adapters/wsman/soap/text_scrub.h"
 #include "adapters/wsman/soap/xml_names.h"
-#include "adapters/wsman/soap/xml_reader.h"
 #include "fuzz/promises.h"
+#include "xml/xml_reader.h"
 
 namespace tessarine::fuzz {
 namespace {

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "adapters/wsman/soap/soap_channel.h"
-#include "adapters/wsman/soap/xml_reader.h"
 #include "core/runtime_error.h"
+#include "xml/xml_reader.h"
 
 namespace tessarine {
 

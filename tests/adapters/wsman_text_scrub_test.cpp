@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "adapters/wsman/soap/xml_reader.h"
+#include "xml/xml_reader.h"
 
 namespace tessarine {
 namespace {

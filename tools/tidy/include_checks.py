@@ -37,12 +37,15 @@ _MAY_INCLUDE = {
     **{folder: _below(LOGIC_FLOORS, folder) + ("platform",) for folder in LOGIC},
     "qt": ("core",),
     "curl": ("core",),
+    "xml": ("core",),
+    # A program of its own, of which the console knows the output alone.
+    "browse_program": (),
     "adapters": ("core", "platform"),
     "ui": LOGIC + ("platform", "qt"),
     "app": LOGIC + ("platform", "qt", "adapters", "ui"),
 }
 # What several adapters over one library share.
-_SHARED = {"qt": ("qt",), "curl": ("curl", "wsman")}
+_SHARED = {"qt": ("qt",), "curl": ("curl", "wsman", "browse"), "xml": ("wsman", "browse")}
 # The headers of C++'s standard library, its C headers in their C++ names, have no ending.
 _STANDARD = re.compile(r"(experimental/)?[a-z_0-9]+$")
 

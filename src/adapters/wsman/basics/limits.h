@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "xml/xml_limits.h"
+
 namespace tessarine::limits {
 
 /// Bytes of all header lines of one HTTP answer, interim answers and trailers included.
@@ -14,11 +16,6 @@ inline constexpr std::size_t kAnswerBody = std::size_t{4} * 1024 * 1024;
 /// Legs of one sign-in; NTLM takes two, Kerberos one.
 inline constexpr int kSignInLegs = 6;
 
-inline constexpr std::size_t kElementDepth = 64;
-/// Bytes of one tag and of one namespace's name. The parser writes the latter out before each name
-/// in a tag, so that half a megabyte in one tag could become gigabytes.
-inline constexpr std::size_t kTag = std::size_t{4} * 1024;
-inline constexpr std::size_t kNameSpace = 256;
 /// Bytes of the text of one property or control element.
 inline constexpr std::size_t kElementText = std::size_t{1024} * 1024;
 /// Bytes of a host's own words in an error text.

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "adapters/wsman/soap/xml_reader.h"
+#include "xml/xml_reader.h"
 
 namespace tessarine {
 

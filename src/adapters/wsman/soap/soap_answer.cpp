@@ -8,8 +8,8 @@
 #include "adapters/wsman/basics/limits.h"
 #include "adapters/wsman/soap/host_words.h"
 #include "adapters/wsman/soap/xml_names.h"
-#include "adapters/wsman/soap/xml_reader.h"
 #include "core/code_page.h"
+#include "xml/xml_reader.h"
 
 namespace tessarine {
 namespace {

@@ -1,4 +1,4 @@
-#include "adapters/wsman/soap/xml_reader.h"
+#include "xml/xml_reader.h"
 
 #include <expat.h>
 
@@ -9,8 +9,8 @@
 #include <new>
 #include <string>
 
-#include "adapters/wsman/basics/failure.h"
-#include "adapters/wsman/basics/limits.h"
+#include "core/runtime_error.h"
+#include "xml/xml_limits.h"
 
 namespace tessarine {
 namespace {
@@ -27,7 +27,7 @@ XmlName parts_of(std::string_view name) {
 }
 
 [[noreturn]] void fail(const std::string& what) {
-    raise_failure("The host's answer can't be read: " + what);
+    throw RuntimeError(ErrorNumber::Failed, "The host's answer can't be read: " + what);
 }
 
 class XmlReader {
