@@ -8,6 +8,7 @@
 #include "adapters/system/system_clock.h"
 #include "core/console_state.h"
 #include "core/runtime_error.h"
+#include "platform/browse_list.h"
 #include "platform/chart_picture.h"
 #include "platform/clipboard.h"
 #include "platform/dialogs.h"
@@ -41,6 +42,11 @@ class IdleProbe final : public TcpProbe {
     void close() override {}
 };
 
+class IdleBrowseList final : public BrowseList {
+    BrowseAnswer groups() override { return {}; }
+    BrowseAnswer servers(const std::string&) override { return {}; }
+};
+
 class IdleWindows final : public FormWindows {
     void let_events_pass() override {}
     void show_modal(FormId) override {}
@@ -49,9 +55,10 @@ class IdleWindows final : public FormWindows {
 };
 
 class IdleDialogs final : public Dialogs {
-    MessageAnswer message_box(const std::string&, MessageStyle) override {
+    MessageAnswer message_box(const std::string&, MessageStyle, const std::string&) override {
         return MessageAnswer::No;
     }
+    void beep() override {}
     std::string choose_file(FilePurpose, const std::string&, const std::vector<FileFilter>&,
                             const std::string&) override {
         return {};
@@ -104,6 +111,7 @@ struct IdlePlatform {
     IdleEventSource event_source;
     IdleSettings settings_values;
     IdleProbe tcp_probe;
+    IdleBrowseList browse_list;
     IdleWindows form_windows;
     IdleDialogs dialogs;
     IdleClipboard clipboard;
@@ -123,6 +131,7 @@ struct IdlePlatform {
                 .clock = clock,
                 .settings_values = settings,
                 .tcp_probe = tcp_probe,
+                .browse_list = browse_list,
                 .form_windows = form_windows,
                 .dialogs = dialogs,
                 .clipboard = clipboard,

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "adapters/browse/network_browse_list.h"
 #include "adapters/curl/smtp_mail_sender.h"
 #include "adapters/openldap/ldap_directory_service.h"
 #include "adapters/qt/qt_clipboard.h"
@@ -48,6 +49,7 @@ struct ConsoleProgram::Parts {
     XlsxWorkbooks workbooks;
     QtShell shell;
     SocketProbe probe;
+    NetworkBrowseList browse_list{{.while_waiting = [this] { windows.tick(); }}};
     LocalFiles files;
     LocalDirectoryListing listing;
     SystemClock clock;
@@ -63,6 +65,7 @@ struct ConsoleProgram::Parts {
                      .clock = clock,
                      .settings_values = settings,
                      .tcp_probe = probe,
+                     .browse_list = browse_list,
                      .form_windows = windows,
                      .dialogs = dialogs,
                      .clipboard = clipboard,

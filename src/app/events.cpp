@@ -20,6 +20,7 @@
 #include "hosts/directory_dialog.h"
 #include "hosts/host_list.h"
 #include "hosts/host_list_files.h"
+#include "hosts/network_dialog.h"
 #include "hosts/preaudited_hosts.h"
 #include "patterns/code_lists.h"
 #include "report/html_page.h"
@@ -74,6 +75,7 @@ constexpr FormId Form3 = SettingsForm::kId;
 constexpr FormId Form4 = CustomAuditForm::kId;
 constexpr FormId Form5 = GraphForm::kId;
 constexpr FormId Form6 = AddHostForm::kId;
+constexpr FormId Form7 = NetworkForm::kId;
 constexpr FormId ConCheck = ConnectionCheckForm::kId;
 constexpr FormId frmADS = DirectoryForm::kId;
 
@@ -81,6 +83,7 @@ constexpr std::array kEvents = {
     // The main window and its menus.
     ControlEvent{Form1, "Form1", Activate, plain<activate_main_form>},
     ControlEvent{Form1, "exit", Click, plain<end_after_event>},
+    ControlEvent{Form1, "enumLan", Click, plain<show_network>},
     ControlEvent{Form1, "enumads", Click, plain<show_directory>},
     ControlEvent{Form1, "loadfrmlist", Click, plain<loadfrmlist>},
     ControlEvent{Form1, "loadpreaudited", Click, plain<LoadPreAuditedHosts>},
@@ -200,7 +203,9 @@ constexpr std::array kEvents = {
     ControlEvent{frmADS, "Command2", Click, plain<list_objects>},
     ControlEvent{frmADS, "Command3", Click, plain<add_listed_objects>},
 
-    // Adding hosts by hand, the test of a host.
+    // Hosts of the network, adding hosts by hand, the test of a host.
+    ControlEvent{Form7, "Form7", Activate, plain<activate_network>},
+    ControlEvent{Form7, "Command1", Click, plain<enumerate_ticked_groups>},
     ControlEvent{Form6, "Command1", Click, plain<add_typed_host>},
     ControlEvent{Form6, "AddHost", EnterKey, plain<add_typed_host_on_enter>},
     ControlEvent{ConCheck, "Timer1", Timer, plain<end_connection_attempt>},

@@ -13,11 +13,13 @@
 #include "core/forms/event_details_form.h"
 #include "core/forms/graph_form.h"
 #include "core/forms/main_form.h"
+#include "core/forms/network_form.h"
 #include "core/forms/settings_form.h"
 #include "core/regional_text.h"
 
 namespace tessarine {
 
+class BrowseList;
 class ChartPicture;
 class Clipboard;
 class Clock;
@@ -50,6 +52,7 @@ struct Platform {
     Clock& clock;
     SettingsValues& settings_values;
     TcpProbe& tcp_probe;
+    BrowseList& browse_list;
     FormWindows& form_windows;
     Dialogs& dialogs;
     Clipboard& clipboard;
@@ -85,6 +88,7 @@ struct Console {
     Form<CustomAuditForm> Form4;
     Form<GraphForm> Form5;
     Form<AddHostForm> Form6;
+    Form<NetworkForm> Form7;
     Form<ConnectionCheckForm> ConCheck;
     Form<DirectoryForm> frmADS;
     Form<tessarine::AboutForm> AboutForm;
@@ -92,8 +96,8 @@ struct Console {
     /// The list of forms: shows `see(form)` each of them, loaded or not.
     template <class Visitor>
     void visit_forms(Visitor&& see) {
-        (see(Form1), see(Form2), see(Form3), see(Form4), see(Form5), see(Form6), see(ConCheck),
-         see(frmADS), see(AboutForm));
+        (see(Form1), see(Form2), see(Form3), see(Form4), see(Form5), see(Form6), see(Form7),
+         see(ConCheck), see(frmADS), see(AboutForm));
     }
 
     int mouse_pointer = kPointerDefault;  ///< of the whole screen

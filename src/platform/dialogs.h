@@ -7,7 +7,7 @@
 namespace tessarine {
 
 /// A question has the buttons Yes and No. Its default is No, since a Yes loses something.
-enum class MessageStyle { Information, Critical, YesNoQuestion };
+enum class MessageStyle { Information, Exclamation, Critical, YesNoQuestion };
 enum class MessageAnswer { Ok, Yes, No };
 
 enum class FilePurpose { Open, Save };
@@ -23,7 +23,11 @@ class Dialogs {
   public:
     virtual ~Dialogs() = default;
 
-    virtual MessageAnswer message_box(const std::string& text, MessageStyle style) = 0;
+    /// Without a title of its own the box has the application's.
+    virtual MessageAnswer message_box(const std::string& text, MessageStyle style,
+                                      const std::string& title = {}) = 0;
+
+    virtual void beep() = 0;
 
     /// The path of the chosen file; empty when the user cancels. A name to save under can be new,
     /// and whether a file of that name is replaced is left to the caller to ask.

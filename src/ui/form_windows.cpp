@@ -14,6 +14,7 @@
 #include "ui/form_access.h"
 #include "ui/graph_dialog.h"
 #include "ui/main_menus.h"
+#include "ui/network_dialog.h"
 #include "ui/settings_dialog.h"
 
 namespace tessarine {
@@ -36,6 +37,7 @@ constexpr FormWindow kFormWindows[] = {
     {CustomAuditForm::kId, make_dialog<CustomAuditDialog>},
     {GraphForm::kId, make_dialog<GraphDialog>},
     {AddHostForm::kId, make_dialog<AddHostDialog>},
+    {NetworkForm::kId, make_dialog<NetworkDialog>},
     {ConnectionCheckForm::kId, make_dialog<ConnectionCheckDialog>},
     {DirectoryForm::kId, make_dialog<DirectoryDialog>},
     {AboutForm::kId, make_dialog<AboutDialog>},

@@ -59,6 +59,9 @@ QVariant ListControlModel::data(const QModelIndex& index, int role) const {
             return text(row, column);
         case Qt::DecorationRole:
             return picture(row, column);
+        case Qt::CheckStateRole:
+            return has_box(index) ? QVariant(row.checked() ? Qt::Checked : Qt::Unchecked)
+                                  : QVariant();
         case Qt::ForegroundRole:
             return row.fore_colour(column) == kRed ? QVariant(readable_red()) : QVariant();
         case Qt::AccessibleDescriptionRole:
@@ -79,6 +82,23 @@ QVariant ListControlModel::text(const ListControl::ConstRow& row, int column) co
 
 QVariant ListControlModel::picture(const ListControl::ConstRow& row, int column) const {
     return list_picture(column == 0 ? row.small_icon() : row.report_icon(column));
+}
+
+bool ListControlModel::has_box(const QModelIndex& index) const {
+    return list_.check_boxes && index.isValid() && index.column() == 0 &&
+           index.row() < list_.count();
+}
+
+bool ListControlModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::CheckStateRole || !has_box(index)) return false;
+    list_.take_check(index.row() + 1, value.toInt() == Qt::Checked);
+    emit dataChanged(index, index);
+    return true;
+}
+
+Qt::ItemFlags ListControlModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
+    return has_box(index) ? usual | Qt::ItemIsUserCheckable : usual;
 }
 
 QVariant ListControlModel::headerData(int section, Qt::Orientation orientation, int role) const {

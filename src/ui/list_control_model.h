@@ -13,7 +13,7 @@ class ListControlModel : public QAbstractTableModel {
     Q_OBJECT
 
   public:
-    ListControlModel(const ListControl& list, QObject* parent)
+    ListControlModel(ListControl& list, QObject* parent)
         : QAbstractTableModel(parent), list_(list) {}
 
     /// Takes over what has changed in the list.
@@ -22,13 +22,17 @@ class ListControlModel : public QAbstractTableModel {
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
+    /// The check box of a row is all that a view can change.
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
     QVariant text(const ListControl::ConstRow& row, int column) const;
     QVariant picture(const ListControl::ConstRow& row, int column) const;
+    bool has_box(const QModelIndex& index) const;
 
-    const ListControl& list_;
+    ListControl& list_;
     int shown_ = 0;
 };
 

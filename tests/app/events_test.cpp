@@ -55,6 +55,7 @@ class BusyConsole {
             rig.network.hosts[name].records = {{.LogFile = "System"}};
             rig.probe.answers[name] = kConnects;
         }
+        rig.browse.network = {{"LAB", {{.name = "LABSRV"}}}};
         MainForm& form = rig.console.Form1;
         rig.list_hosts({"PC1", "PC2", "PC3"});
         Rig::select(form.ListView1, {2});
@@ -92,6 +93,7 @@ class BusyConsole {
         });
         close_when_shown(rig.console.Form3);
         close_when_shown(rig.console.Form6);
+        close_when_shown(rig.console.Form7);
         close_when_shown(rig.console.frmADS);
         close_when_shown(rig.console.AboutForm);
         fill_settings(rig.console.Form3.get());
@@ -160,6 +162,7 @@ class BusyConsole {
         console.Form4->MonthView1.value = {2004, 2, 29};
         console.Form5->pie.type = ChartType{0};
         console.Form6->AddHost.text = "";
+        console.Form7->ListView1.add_row("LAB", 0).set_checked(true);
         console.ConCheck->lblReturn.caption = "connected";
         console.frmADS->txtDC1.text = "example";
         console.frmADS->txtDC2.text = "net";

@@ -29,6 +29,7 @@ std::string text_of(const ListControl& list) {
         // The first row is the usual one.
         if (list.selected_item() == number && number > 1) text += '>';
         if (row.selected()) text += '*';
+        if (list.check_boxes) text += row.checked() ? "[x]" : "[ ]";
         text += std::to_string(row.small_icon()) + "|" + mark(0) + shown(row.text());
         for (int i = 1; i <= row.sub_item_count(); ++i) {
             const int icon = row.report_icon(i);

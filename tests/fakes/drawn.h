@@ -20,7 +20,7 @@ struct Rig;
 ///
 ///     AlertList:                 a list; rows as icon|text|sub-items
 ///       0|4625                   selected item ">", selected row "*", red cell "!",
-///       >*3|!Error|[7]-          picture of a sub-item "[7]"
+///       >*3|!Error|[7]-          picture of a sub-item "[7]", check box "[x]" or "[ ]"
 ///     st1: [Zero records][][][2 hosts][]
 ///     TabStrip2: [* System Log  #1][ Application Log#2]      selected "*", image "#"
 ///     TxtAlert: "4625"           fields and labels

@@ -38,6 +38,7 @@ Rig::Rig(std::span<const ControlEvent> events)
                .clock = clock,
                .settings_values = settings,
                .tcp_probe = probe,
+               .browse_list = browse,
                .form_windows = windows,
                .dialogs = dialogs,
                .clipboard = clipboard,

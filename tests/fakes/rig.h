@@ -12,6 +12,7 @@
 #include "fakes/fake_clock.h"
 #include "fakes/fake_settings.h"
 #include "fakes/memory_files.h"
+#include "fakes/scripted_browse_list.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/scripted_directory.h"
 #include "fakes/scripted_hosts.h"
@@ -105,6 +106,7 @@ struct Rig {
     FakeClock clock;
     FakeSettings settings;
     ScriptedProbe probe{timeline};
+    ScriptedBrowseList browse;
     ScriptedWindows windows;
     ScriptedDialogs dialogs;
     RecordedClipboard clipboard;

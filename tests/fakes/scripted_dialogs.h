@@ -18,6 +18,7 @@ class ScriptedDialogs final : public Dialogs {
     struct Message {
         std::string text;
         MessageStyle style;
+        std::string title = {};
         friend bool operator==(const Message&, const Message&) = default;
     };
     struct FileChoice {
@@ -31,11 +32,14 @@ class ScriptedDialogs final : public Dialogs {
     void answer_next(MessageAnswer answer) { answers_.push_back(answer); }
     void choose_file_next(const std::string& path) { files_.push_back(path); }
 
-    MessageAnswer message_box(const std::string& text, MessageStyle style) override {
-        messages.push_back({text, style});
+    MessageAnswer message_box(const std::string& text, MessageStyle style,
+                              const std::string& title = {}) override {
+        messages.push_back({text, style, title});
         if (style != MessageStyle::YesNoQuestion) return MessageAnswer::Ok;
         return taken(answers_, MessageAnswer::No, text);
     }
+
+    void beep() override { ++beeps; }
 
     std::string choose_file(FilePurpose purpose, const std::string& start_folder,
                             const std::vector<FileFilter>& filters,
@@ -57,6 +61,7 @@ class ScriptedDialogs final : public Dialogs {
 
     std::vector<Message> messages;
     std::vector<FileChoice> choices;
+    int beeps = 0;
 
   private:
     template <class Answer>

@@ -127,6 +127,7 @@ class WireRig {
                      .clock = fakes_.clock,
                      .settings_values = fakes_.settings,
                      .tcp_probe = fakes_.probe,
+                     .browse_list = fakes_.browse,
                      .form_windows = fakes_.windows,
                      .dialogs = fakes_.dialogs,
                      .clipboard = fakes_.clipboard,

@@ -152,7 +152,7 @@ TEST(Forms, EveryControlOfTheDialogsHasItsWidgetAndItsRoutine) {
     window.start();
     for (const FormId form :
          {SettingsForm::kId, CustomAuditForm::kId, GraphForm::kId, AddHostForm::kId,
-          DirectoryForm::kId, AboutForm::kId, ConnectionCheckForm::kId}) {
+          NetworkForm::kId, DirectoryForm::kId, AboutForm::kId, ConnectionCheckForm::kId}) {
         window.console.visit_forms([form](auto& each) {
             if constexpr (requires { each.get(); })
                 if (each.kId == form) each.get();

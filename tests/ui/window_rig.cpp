@@ -30,6 +30,7 @@ WindowRig::WindowRig(std::span<const ControlEvent> events)
                .clock = rig.clock,
                .settings_values = rig.settings,
                .tcp_probe = rig.probe,
+               .browse_list = rig.browse,
                .form_windows = windows,
                .dialogs = rig.dialogs,
                .clipboard = rig.clipboard,

@@ -19,6 +19,8 @@ QWidget* parent_of_dialogs() {
 
 QMessageBox::Icon icon_of(MessageStyle style) {
     switch (style) {
+        case MessageStyle::Exclamation:
+            return QMessageBox::Warning;
         case MessageStyle::Critical:
             return QMessageBox::Critical;
         case MessageStyle::YesNoQuestion:
@@ -51,10 +53,11 @@ QtDialogs::QtDialogs(FileChooser chooser, std::string first_folder,
       last_folder_(std::move(first_folder)),
       before_showing_(std::move(before_showing)) {}
 
-MessageAnswer QtDialogs::message_box(const std::string& text, MessageStyle style) {
+MessageAnswer QtDialogs::message_box(const std::string& text, MessageStyle style,
+                                     const std::string& title) {
     if (before_showing_) before_showing_();
     const bool question = style == MessageStyle::YesNoQuestion;
-    QMessageBox box(icon_of(style), QStringLiteral("Tessarine"),
+    QMessageBox box(icon_of(style), title.empty() ? QStringLiteral("Tessarine") : to_qt(title),
                     to_qt(text).replace(QLatin1String("\r\n"), QLatin1String("\n")),
                     question ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok,
                     parent_of_dialogs());
@@ -63,6 +66,10 @@ MessageAnswer QtDialogs::message_box(const std::string& text, MessageStyle style
     const int answer = box.exec();
     if (!question) return MessageAnswer::Ok;
     return answer == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
+}
+
+void QtDialogs::beep() {
+    QApplication::beep();
 }
 
 std::string QtDialogs::choose_file(FilePurpose purpose, const std::string& start_folder,

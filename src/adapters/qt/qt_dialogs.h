@@ -17,7 +17,9 @@ class QtDialogs final : public Dialogs {
     QtDialogs(FileChooser chooser, std::string first_folder,
               std::function<void()> before_showing = {});
 
-    MessageAnswer message_box(const std::string& text, MessageStyle style) override;
+    MessageAnswer message_box(const std::string& text, MessageStyle style,
+                              const std::string& title = {}) override;
+    void beep() override;
 
     /// A start folder that isn't there counts as that of the file chosen last, at first as
     /// `first_folder`. A path that the 8-bit code page can't hold is refused with a message, and

@@ -50,7 +50,7 @@ void ListControl::clear() {
 ListControl::Row ListControl::add_row(std::string_view text, int small_icon) {
     const auto number = static_cast<RowOrder::RowNumber>(rows_.size());
     CompactRow added;
-    added.small_icon = static_cast<std::uint8_t>(small_icon & 0x7F);
+    added.small_icon = static_cast<std::uint8_t>(small_icon & 0x3F);
     added.own_row = static_cast<std::uint32_t>(own_rows_.size());
     own_rows_.push_back(std::make_unique<OwnRow>());
     own_rows_.back()->cells.push_back({.text = std::string(text)});
@@ -71,7 +71,7 @@ ListControl::Row ListControl::add_row(std::string_view text, int small_icon) {
 void ListControl::add_record_row(const RecordText& record, int small_icon) {
     order_.append(static_cast<RowOrder::RowNumber>(rows_.size()));
     CompactRow& added = rows_.emplace_back();
-    added.small_icon = static_cast<std::uint8_t>(small_icon & 0x7F);
+    added.small_icon = static_cast<std::uint8_t>(small_icon & 0x3F);
     if (record.ends[RecordText::kFields - 2] <= kLongestHead) {
         for (std::size_t i = 0; i < added.head_ends.size(); ++i)
             added.head_ends[i] = static_cast<std::uint16_t>(record.ends[i]);
@@ -108,6 +108,10 @@ int ListControl::selected_count() const {
 void ListControl::take_selection(int first, int last, bool selected) {
     for (int position = first; position <= last; ++position)
         rows_[number_at(position)].selected = selected ? 1 : 0;
+}
+
+void ListControl::take_check(int position, bool checked) {
+    rows_[number_at(position)].checked = checked ? 1 : 0;
 }
 
 void ListControl::set_selected_item(int position) {

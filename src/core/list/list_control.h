@@ -83,6 +83,8 @@ class ListControl {
     int selected_count() const;
     /// Takes over from the view what the user has selected there: no change, as it shows already.
     void take_selection(int first, int last, bool selected);
+    /// The same for the check box of a row.
+    void take_check(int position, bool checked);
 
     /// The row that commands on a single row mean; 0 in an empty list alone. It is the first row
     /// that was added until another is chosen, and after its removal the row that takes its place.
@@ -99,6 +101,7 @@ class ListControl {
     std::string tool_tip;
     int width = 0;  ///< twips
     bool grid_lines = false;
+    bool check_boxes = false;  ///< each row has one
 
   private:
     struct CompactRow;
@@ -132,6 +135,7 @@ class ListControl::ConstRow {
     int sub_item_count() const;
     int small_icon() const;
     bool selected() const;
+    bool checked() const;
     /// Number of the picture in front of a sub-item; 0 for none.
     int report_icon(int sub_item) const;
     /// Column 0 is the row's own text.
@@ -153,6 +157,7 @@ class ListControl::Row : public ConstRow {
     void set_report_icon(int sub_item, int icon);
     void set_fore_colour(int column, std::uint32_t colour);
     void set_selected(bool selected);
+    void set_checked(bool checked);
 
   private:
     friend class ListControl;

@@ -23,6 +23,10 @@ bool ListControl::ConstRow::selected() const {
     return list_->rows_[number_].selected != 0;
 }
 
+bool ListControl::ConstRow::checked() const {
+    return list_->rows_[number_].checked != 0;
+}
+
 int ListControl::ConstRow::report_icon(int sub_item) const {
     const CompactRow& row = list_->rows_[number_];
     if (sub_item < 1 || sub_item > sub_item_count() || row.own_row == CompactRow::kNoOwnRow)
@@ -68,6 +72,11 @@ void ListControl::Row::set_fore_colour(int column, std::uint32_t colour) {
 
 void ListControl::Row::set_selected(bool selected) {
     written_->rows_[number_].selected = selected ? 1 : 0;
+    written_->mark_changed(position_);
+}
+
+void ListControl::Row::set_checked(bool checked) {
+    written_->take_check(position_, checked);
     written_->mark_changed(position_);
 }
 

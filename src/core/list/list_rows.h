@@ -16,7 +16,8 @@ struct ListControl::CompactRow {
 
     const char* text = nullptr;
     std::array<std::uint16_t, RecordText::kFields - 1> head_ends{};
-    std::uint8_t small_icon : 7 = 0;
+    std::uint8_t small_icon : 6 = 0;
+    std::uint8_t checked : 1 = 0;
     std::uint8_t selected : 1 = 0;
     std::uint8_t red_columns = 0;  // bit i: column i is red
     std::uint32_t end = 0;
