@@ -16,6 +16,7 @@
 #include "sample_network/options.h"
 #include "sample_network/private_network.h"
 #include "sample_network/sample_network.h"
+#include "sample_network/wire/discovery_answerer.h"
 #include "sample_network/wire/user_list.h"
 #include "sample_network/wrapped_network.h"
 
@@ -92,6 +93,20 @@ void serve_directory(const Options& options, const HeldSignals& signals,
         std::cerr << "No directory: slapd is missing\n";
 }
 
+// The names are in the hosts file, so that the console can audit what it finds.
+std::optional<DiscoveryAnswerer> answer_discovery(const Options& options,
+                                                  const std::vector<SampleHost>& hosts) {
+    std::optional<DiscoveryAnswerer> answerer;
+    std::string said = "The hosts answer Hosts > Enumerate Lan (WS-Discovery)";
+    try {
+        answerer.emplace(hosts);
+    } catch (const std::system_error& error) {
+        said = std::string("No host answers Hosts > Enumerate Lan here: ") + error.what();
+    }
+    if (!options.quiet) std::cerr << said << '\n';
+    return answerer;
+}
+
 int serve(const Options& options, const HeldSignals& signals, const std::vector<SampleHost>& hosts,
           const CertificateAuthority& authority, DownHosts down_hosts) {
     // The command must not find the hosts' user list in its environment.
@@ -100,6 +115,7 @@ int serve(const Options& options, const HeldSignals& signals, const std::vector<
     SampleNetwork network(hosts, authority);
     network.listen(down_hosts);
     if (!options.quiet) describe(hosts);
+    const auto answerer = answer_discovery(options, hosts);
     if (!options.desk.empty()) {
         serve_mail(options, signals, environment);
         serve_directory(options, signals, hosts, environment);

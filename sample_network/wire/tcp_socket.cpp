@@ -21,10 +21,8 @@ int with_address(sockaddr_in& address, const Call& call) {
     return call(reinterpret_cast<sockaddr*>(&address), socklen_t{sizeof address});
 }
 
-}  // namespace
-
-FileDescriptor bind_socket(const std::string& address, std::uint16_t port) {
-    FileDescriptor bound(checked(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0), "socket"));
+FileDescriptor bind_of_type(int type, const std::string& address, std::uint16_t port) {
+    FileDescriptor bound(checked(socket(AF_INET, type | SOCK_CLOEXEC, 0), "socket"));
     const int on = 1;
     checked(setsockopt(bound.get(), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on), "SO_REUSEADDR");
     sockaddr_in at = socket_address(address, port);
@@ -32,6 +30,16 @@ FileDescriptor bind_socket(const std::string& address, std::uint16_t port) {
                 at, [&](auto* place, auto length) { return bind(bound.get(), place, length); }),
             address + ":" + std::to_string(port));
     return bound;
+}
+
+}  // namespace
+
+FileDescriptor bind_socket(const std::string& address, std::uint16_t port) {
+    return bind_of_type(SOCK_STREAM, address, port);
+}
+
+FileDescriptor bind_datagram_socket(const std::string& address, std::uint16_t port) {
+    return bind_of_type(SOCK_DGRAM, address, port);
 }
 
 std::uint16_t port_of(const FileDescriptor& bound) {

@@ -51,6 +51,7 @@ void Tour::walk() {
     check(program_.windows().main_window().isVisible(), "the main window doesn't come up");
     album_.take("main-window");
     show_menus();
+    find_hosts();
     load_hosts();
     audit_all_hosts();
     view_three_hosts();
