@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 
 #include "adapters/system/freed_memory.h"
 #include "sample_network/built_in_hosts.h"
@@ -94,12 +95,12 @@ void serve_directory(const Options& options, const HeldSignals& signals,
 }
 
 // The names are in the hosts file, so that the console can audit what it finds.
-std::optional<DiscoveryAnswerer> answer_discovery(const Options& options,
-                                                  const std::vector<SampleHost>& hosts) {
-    std::optional<DiscoveryAnswerer> answerer;
+std::unique_ptr<DiscoveryAnswerer> answer_discovery(const Options& options,
+                                                    const std::vector<SampleHost>& hosts) {
+    std::unique_ptr<DiscoveryAnswerer> answerer;
     std::string said = "The hosts answer Hosts > Enumerate Lan (WS-Discovery)";
     try {
-        answerer.emplace(hosts);
+        answerer = std::make_unique<DiscoveryAnswerer>(hosts);
     } catch (const std::system_error& error) {
         said = std::string("No host answers Hosts > Enumerate Lan here: ") + error.what();
     }

@@ -11,6 +11,8 @@
 #include "sample_network/wire/connection_server.h"
 #include "sample_network/wire/file_descriptor.h"
 
+struct sockaddr_in;
+
 namespace tessarine::sample {
 
 /// Has every host that is not down answer probes on the loopback interface, each from its own
@@ -38,7 +40,7 @@ class DiscoveryAnswerer {
 
     void add(const SampleHost& host, std::uint16_t metadata_port);
     void answer_probes();
-    void answer(const std::string& question, const struct sockaddr_in& asker);
+    void answer(const std::string& question, const sockaddr_in& asker);
 
     std::list<Host> hosts_;
     std::list<ConnectionServer> servers_;

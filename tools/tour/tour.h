@@ -24,6 +24,7 @@ class Tour {
   private:
     void show_menus();
     void find_hosts();
+    void enumerate_in(QWidget& dialog);
     void load_hosts();
     void audit_all_hosts();
     void view_three_hosts();
