@@ -7,28 +7,29 @@
 namespace tessarine {
 namespace {
 
-std::string realm_of(gss_name_t name) {
+std::string realm_of(gss_cred_id_t credential) {
     OM_uint32 minor = 0;
+    gss_name_t name = GSS_C_NO_NAME;
     gss_buffer_desc text = GSS_C_EMPTY_BUFFER;
-    if (GSS_ERROR(gss_display_name(&minor, name, &text, nullptr))) return {};
-    const std::string user(static_cast<const char*>(text.value), text.length);
+    std::string user;
+    if (!GSS_ERROR(gss_inquire_cred(&minor, credential, &name, nullptr, nullptr, nullptr)) &&
+        !GSS_ERROR(gss_display_name(&minor, name, &text, nullptr)))
+        user.assign(static_cast<const char*>(text.value), text.length);
     gss_release_buffer(&minor, &text);
+    gss_release_name(&minor, &name);
     return user.substr(user.rfind('@') + 1);
 }
 
+// The library loses the name of an expired one, so the time that is left is asked for first.
 KerberosTicket ticket_of(gss_cred_id_t credential) {
     OM_uint32 minor = 0;
     OM_uint32 lifetime = 0;
-    gss_name_t name = GSS_C_NO_NAME;
     const OM_uint32 major =
-        gss_inquire_cred(&minor, credential, &name, &lifetime, nullptr, nullptr);
-    KerberosTicket ticket;
-    if (GSS_ROUTINE_ERROR(major) == GSS_S_CREDENTIALS_EXPIRED)
-        ticket.state = TicketState::Expired;
-    else if (!GSS_ERROR(major))
-        ticket = {lifetime == 0 ? TicketState::Expired : TicketState::Valid, realm_of(name)};
-    gss_release_name(&minor, &name);
-    return ticket;
+        gss_inquire_cred(&minor, credential, nullptr, &lifetime, nullptr, nullptr);
+    if (GSS_ROUTINE_ERROR(major) == GSS_S_CREDENTIALS_EXPIRED) return {TicketState::Expired, ""};
+    if (GSS_ERROR(major)) return {};
+    if (lifetime == 0) return {TicketState::Expired, ""};
+    return {TicketState::Valid, realm_of(credential)};
 }
 
 // Whether `domain` is `other`, or ends in it as in a domain above.
