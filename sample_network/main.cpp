@@ -17,6 +17,8 @@
 #include "sample_network/options.h"
 #include "sample_network/private_network.h"
 #include "sample_network/sample_network.h"
+#include "sample_network/scratch_file.h"
+#include "sample_network/smb_hosts.h"
 #include "sample_network/wire/discovery_answerer.h"
 #include "sample_network/wire/user_list.h"
 #include "sample_network/wrapped_network.h"
@@ -108,6 +110,16 @@ std::unique_ptr<DiscoveryAnswerer> answer_discovery(const Options& options,
     return answerer;
 }
 
+void serve_smb(const Options& options, const HeldSignals& signals, const ScratchFolder& folder,
+               const std::vector<SampleHost>& hosts, const Texts& environment) {
+    const std::string problem = start_smb_hosts(signals, folder.path(), hosts, environment);
+    if (options.quiet) return;
+    if (problem.empty())
+        std::cerr << "In half a minute the browse list of SMB 1 has the group OLDOFFICE\n";
+    else
+        std::cerr << "No browse list of SMB 1: " << problem << '\n';
+}
+
 int serve(const Options& options, const HeldSignals& signals, const std::vector<SampleHost>& hosts,
           const CertificateAuthority& authority, DownHosts down_hosts) {
     // The command must not find the hosts' user list in its environment.
@@ -117,9 +129,11 @@ int serve(const Options& options, const HeldSignals& signals, const std::vector<
     network.listen(down_hosts);
     if (!options.quiet) describe(hosts);
     const auto answerer = answer_discovery(options, hosts);
+    const ScratchFolder smb_folder;
     if (!options.desk.empty()) {
         serve_mail(options, signals, environment);
         serve_directory(options, signals, hosts, environment);
+        serve_smb(options, signals, smb_folder, hosts, environment);
     }
     const Texts command = command_of(options);
     if (!command.empty()) return signals.run_command(command, environment);

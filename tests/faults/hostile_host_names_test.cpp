@@ -14,6 +14,7 @@
 #include "hosts/directory_dialog.h"
 #include "hosts/host_list.h"
 #include "hosts/host_list_files.h"
+#include "hosts/network_dialog.h"
 #include "schedule/scheduled_audit.h"
 
 namespace tessarine {
@@ -49,7 +50,8 @@ const std::vector<const char*> kVictims = {"/app/x_system.log", "/app/_system.lo
 struct HostileNetwork : Rig {
     explicit HostileNetwork(const std::string& name) : Rig(control_events()) {
         const std::string upper = upper_text(name);
-        std::vector<std::string> spellings = {upper, replace_text(upper, "\\\\", "")};
+        std::vector<std::string> spellings = {upper, name, replace_text(name, "\\\\", ""),
+                                              replace_text(upper, "\\\\", "")};
         std::istringstream lines(upper);
         for (std::string line; std::getline(lines, line);) spellings.push_back(line);
         for (const std::string& spelling : spellings) {
@@ -91,6 +93,19 @@ TEST(HostileHostNames, MakeNoFileOutsideOfTheStoreWhicheverWayTheyCome) {
         typed.dialogs.answer_next(MessageAnswer::Yes);
         typed.run(dellogs);
         typed.expect_all_in_the_store(name);
+
+        HostileNetwork found(name);
+        found.browse.network = {{name, {{.name = name}}}};
+        found.run(CreatDomainList);
+        found.console.Form7->ListView1.row(1).set_checked(true);
+        found.run(enumerate_ticked_groups);
+        EXPECT_EQ(found.console.Form1.ListView1.count(), 1);
+        found.run(runFullauditAllhost);
+        found.expect_all_in_the_store(name);
+        Rig::select(found.console.Form1.ListView1, {1});
+        found.dialogs.answer_next(MessageAnswer::Yes);
+        found.run(dellogs);
+        found.expect_all_in_the_store(name);
 
         HostileNetwork listed(name);
         listed.files.put("/hosts.txt", name + "\r\n");
