@@ -66,12 +66,14 @@ struct MortalConsole {
                      .clock = rig.clock,
                      .settings_values = settings,
                      .tcp_probe = rig.probe,
+                     .browse_list = rig.browse,
                      .form_windows = rig.windows,
                      .dialogs = rig.dialogs,
                      .clipboard = rig.clipboard,
                      .chart_picture = rig.chart_picture,
                      .workbooks = rig.workbooks,
                      .mail_sender = rig.mail,
+                     .directory_service = rig.directory,
                      .shell = rig.shell,
                      .program = program}};
 };

@@ -82,45 +82,45 @@ struct HostileNetwork : Rig {
     }
 };
 
+// What comes after a host is in the list.
+void audit_and_delete(HostileNetwork& network, const std::string& name) {
+    network.run(runFullauditAllhost);
+    network.expect_all_in_the_store(name);
+    Rig::select(network.console.Form1.ListView1, {1});
+    network.dialogs.answer_next(MessageAnswer::Yes);
+    network.run(dellogs);
+    network.expect_all_in_the_store(name);
+}
+
 TEST(HostileHostNames, MakeNoFileOutsideOfTheStoreWhicheverWayTheyCome) {
     for (const std::string& name : hostile_names()) {
         HostileNetwork typed(name);
         typed.console.Form6->AddHost.text = name;
         typed.run(add_typed_host);
-        typed.run(runFullauditAllhost);
-        typed.expect_all_in_the_store(name);
-        Rig::select(typed.console.Form1.ListView1, {1});
-        typed.dialogs.answer_next(MessageAnswer::Yes);
-        typed.run(dellogs);
-        typed.expect_all_in_the_store(name);
+        audit_and_delete(typed, name);
 
-        HostileNetwork found(name);
-        found.browse.network = {{name, {{.name = name}}}};
-        found.run(CreatDomainList);
-        found.console.Form7->ListView1.row(1).set_checked(true);
-        found.run(enumerate_ticked_groups);
-        EXPECT_EQ(found.console.Form1.ListView1.count(), 1);
-        found.run(runFullauditAllhost);
-        found.expect_all_in_the_store(name);
-        Rig::select(found.console.Form1.ListView1, {1});
-        found.dialogs.answer_next(MessageAnswer::Yes);
-        found.run(dellogs);
-        found.expect_all_in_the_store(name);
+        HostileNetwork browsed(name);
+        browsed.browse.network = {{name, {{.name = name}}}};
+        browsed.run(CreatDomainList);
+        browsed.console.Form7->ListView1.row(1).set_checked(true);
+        browsed.run(enumerate_ticked_groups);
+        EXPECT_EQ(browsed.console.Form1.ListView1.count(), 1);
+        audit_and_delete(browsed, name);
 
+        HostileNetwork looked_up(name);
+        looked_up.directory.containers["LDAP://CN=, DC=, DC="].children = {{name, ""}};
+        looked_up.console.frmADS->optCont.value = true;
+        looked_up.run(list_objects);
+        looked_up.run(add_listed_objects);
+        audit_and_delete(looked_up, name);
+
+        // A name with a line end is two in a file.
         HostileNetwork listed(name);
         listed.files.put("/hosts.txt", name + "\r\n");
         listed.dialogs.choose_file_next("/hosts.txt");
         listed.run(loadfrmlist);
         listed.run(runFullauditAllhost);
         listed.expect_all_in_the_store(name);
-
-        HostileNetwork found(name);
-        found.directory.containers["LDAP://CN=, DC=, DC="].children = {{name, ""}};
-        found.console.frmADS->optCont.value = true;
-        found.run(list_objects);
-        found.run(add_listed_objects);
-        found.run(runFullauditAllhost);
-        found.expect_all_in_the_store(name);
 
         HostileNetwork scheduled(name);
         scheduled.files.put("/hosts.txt", name + "\r\n");
