@@ -1,8 +1,8 @@
 #!/usr/bin/python3
-"""The settings dialog as a user works it: the console in a real window on a virtual screen, and keys
-that go through the window system. A page of the dialog is saved, and the console killed as soon as
-the store has the last value; a second console has it, saves it again, and is looked through for the
-password, which none of its windows, no core file and no file may hold.
+"""The settings dialog as a user works it: the console in a real window on a virtual screen, and
+keys that go through the window system. A page of the dialog is saved, and the console killed as
+soon as the store has the last value; a second console has it, saves it again, and is looked
+through for the password, which none of its windows, no core file and no file may hold.
 
 usage: settings_by_hand.py BIN-DIRECTORY
 Exit status 77 when it can't be done here.
@@ -52,8 +52,8 @@ class Screen:
     def focus(self, process, title):
         """Gives the keys to the process's window of that title, which may be still to come."""
         def give():
-            for window in self.xdotool("search", "--all", "--onlyvisible", "--pid", str(process.pid),
-                                       "--name", title):
+            for window in self.xdotool("search", "--all", "--onlyvisible", "--name", title,
+                                       "--pid", str(process.pid)):
                 self.xdotool("windowfocus", "--sync", window)
                 if self.xdotool("getwindowfocus") == [window]:
                     return True
