@@ -205,6 +205,21 @@ TEST_F(AuditHostTest, NamesTheCauseOfAFailureAndTouchesNoFileBeforeTheyAreOpened
     }
 }
 
+TEST_F(AuditHostTest, LeavesTheLogsThatAnotherAuditWritesAlone) {
+    SettingsForm& settings = rig.console.Form3.get();
+    for (OptionButton* option : {&settings.optAppend, &settings.optOverwrite, &settings.optMove}) {
+        fill_old_files();
+        settings.choose(*option);
+        const auto other = rig.files.lock(kSystem, {});
+        audit();
+        EXPECT_EQ(rig.files.bytes(kSystem), "old\r\n");
+        EXPECT_EQ(rig.files.bytes(kSecurity), "old\r\n");
+        EXPECT_EQ(drawn(rig, "AuditStat st1"),
+                  "\nAuditStat: \"error\"\nst1: [Another audit is writing the logs of PC1 - Audit "
+                  "error][][][][]\n");
+    }
+}
+
 TEST_F(AuditHostTest, KeepsWhatWasWrittenWhenTheSecondWalkFails) {
     host.records[1].TimeGenerated = "no time";
     audit();

@@ -123,6 +123,15 @@ TEST_P(CodeLists, FailuresOfTheFileAreTheDefaultFailure) {
     EXPECT_EQ(rig.files.open_files(), 0);
 }
 
+TEST_P(CodeLists, AnotherConsolesChangeIsNotWrittenOver) {
+    start_with("7036\r\n");
+    (rig.console.Form1.*side.field).text = "7036";
+    const auto other = rig.files.lock("/app", {});
+    EXPECT_THROW(side.add(rig.console), RuntimeError);
+    EXPECT_THROW(side.remove(rig.console), RuntimeError);
+    EXPECT_EQ(file(), "7036\r\n");
+}
+
 TEST_P(CodeLists, TooManyEntriesToWalkAreNotLost) {
     std::string bytes;
     for (int i = 0; i < 32'768; ++i) bytes += "1\r\n";

@@ -54,6 +54,21 @@ TEST(RecordWriter, FillsOnlyAnEmptyUserAndReplacesOnlyWholeLineEnds) {
     EXPECT_EQ(written(event), "Fehler|11/30/2004|11:59:59 PM||6008|N/A|DC01|a~b\rc\nd|e~\r\n");
 }
 
+// Most of a message is looked through in blocks of bytes.
+TEST(RecordWriter, FindsALineEndAtAnyPlaceOfALongMessage) {
+    EventProperties event = sample_event();
+    for (std::size_t before = 0; before < 70; ++before)
+        for (const std::size_t after : {0, 1, 15, 16, 40}) {
+            const std::string first(before, 'a');
+            const std::string second(after, 'b');
+            const std::string message = first + "\r\n" + second + '\r' + second;
+            event.Message = message;
+            const std::string line = written(event);
+            EXPECT_EQ(line.substr(line.rfind('|') + 1),
+                      first + '~' + second + '\r' + second + "\r\n");
+        }
+}
+
 TEST(RecordWriter, RefusesAMomentThatIsNone) {
     for (const char* stamp : {"", "2004", "20041330000000.0+000", "20040230000000.0+000",
                               "20041130240000.0+000", "2004113000000x.0+000"}) {
