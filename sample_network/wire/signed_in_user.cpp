@@ -13,7 +13,8 @@ std::string signed_in_user(gss_ctx_id_t context) {
         GSS_ERROR(gss_display_name(&minor, name.get(), text.address(), nullptr)))
         return "";
     // Some count the NUL after the name as a part of it.
-    return text.text().c_str();
+    const std::string display_name = text.text();
+    return display_name.substr(0, display_name.find('\0'));
 }
 
 }  // namespace tessarine::sample

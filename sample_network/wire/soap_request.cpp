@@ -17,14 +17,11 @@ constexpr std::string_view kEnumeration = "http://schemas.xmlsoap.org/ws/2004/09
 class ElementTexts {
   public:
     bool read(std::string_view xml) {
-        const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(
-            XML_ParserCreateNS(nullptr, ' '), XML_ParserFree);
-        XML_SetUserData(parser.get(), this);
-        XML_SetElementHandler(parser.get(), on_start, on_end);
-        XML_SetCharacterDataHandler(parser.get(), on_text);
-        parser_ = parser.get();
-        XML_SetStartDoctypeDeclHandler(parser.get(), on_document_type);
-        return XML_Parse(parser.get(), xml.data(), static_cast<int>(xml.size()), XML_TRUE) ==
+        XML_SetUserData(parser_.get(), this);
+        XML_SetElementHandler(parser_.get(), on_start, on_end);
+        XML_SetCharacterDataHandler(parser_.get(), on_text);
+        XML_SetStartDoctypeDeclHandler(parser_.get(), on_document_type);
+        return XML_Parse(parser_.get(), xml.data(), static_cast<int>(xml.size()), XML_TRUE) ==
                XML_STATUS_OK;
     }
 
@@ -55,10 +52,11 @@ class ElementTexts {
 
     static void on_document_type(void* self, const XML_Char*, const XML_Char*, const XML_Char*,
                                  int) {
-        XML_StopParser(static_cast<ElementTexts*>(self)->parser_, XML_FALSE);
+        XML_StopParser(static_cast<ElementTexts*>(self)->parser_.get(), XML_FALSE);
     }
 
-    XML_Parser parser_ = nullptr;
+    std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser_{
+        XML_ParserCreateNS(nullptr, ' '), XML_ParserFree};
     std::string text_;
     std::map<std::string, std::string, std::less<>> texts_;
 };

@@ -63,7 +63,7 @@ void send(Console& console, const Mail& mail, MailEvents& poSendMail) {
 
 }  // namespace
 
-void SendMailToEndUser(Console& console, std::string AttPath, std::string SubMsg) {
+void SendMailToEndUser(Console& console, std::string AttPath, const std::string& SubMsg) {
     StatusBar& st1 = console.Form1.st1;
     st1.set_text(5, "Sending Mail..");
     Mail mail = begun_mail(console, SubMsg, "Tessarine Auto Audit Report. Message Sent at : ");
