@@ -12,6 +12,7 @@ add_custom_target(coverage
   # What earlier runs counted.
   COMMAND find "${CMAKE_BINARY_DIR}" -name "*.gcda" -delete
   COMMAND logic_tests --gtest_brief=1
+  COMMAND fault_tests --gtest_brief=1
   COMMAND "${GCOVR}" --root "${CMAKE_SOURCE_DIR}" --object-directory "${CMAKE_BINARY_DIR}"
           --filter "${CMAKE_SOURCE_DIR}/src/(${any_logic_folder})/"
           --exclude-throw-branches --exclude-unreachable-branches

@@ -1,7 +1,8 @@
 #include "sample_network/hosts/generated_events.h"
 
 #include <array>
-#include <cstdio>
+#include <charconv>
+#include <iterator>
 #include <memory>
 #include <string_view>
 
@@ -45,9 +46,8 @@ class Numbers {
 };
 
 std::string hexadecimal(std::uint64_t value) {
-    char buffer[17];
-    std::snprintf(buffer, sizeof buffer, "%llx", static_cast<unsigned long long>(value));
-    return buffer;
+    char digits[16];
+    return {digits, std::to_chars(digits, std::end(digits), value, 16).ptr};
 }
 
 std::string address(Numbers& numbers) {

@@ -96,6 +96,7 @@ SampleHost& host_called(std::vector<SampleHost>& hosts, const std::string& name)
 std::vector<SampleHost> only_hosts(std::vector<SampleHost> hosts,
                                    const std::vector<std::string>& names) {
     std::vector<SampleHost> chosen;
+    chosen.reserve(names.size());
     for (const std::string& name : names) chosen.push_back(host_called(hosts, name));
     return chosen;
 }

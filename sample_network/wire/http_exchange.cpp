@@ -9,8 +9,8 @@
 namespace tessarine::sample {
 namespace {
 
-constexpr std::size_t kLongestHeader = 64 * 1024;
-constexpr std::size_t kLongestBody = 1024 * 1024;
+constexpr std::size_t kLongestHeader = std::size_t{64} * 1024;
+constexpr std::size_t kLongestBody = std::size_t{1024} * 1024;
 constexpr std::chrono::minutes kIdleLimit{10};
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kHeaderEnd = "\r\n\r\n";
@@ -78,7 +78,7 @@ const char* status_words(int status) {
 }  // namespace
 
 void HttpReader::read_more() {
-    std::array<char, 16 * 1024> bytes;
+    std::array<char, std::size_t{16} * 1024> bytes;
     const std::size_t count = connection_.read_some(bytes, kIdleLimit);
     buffer_.append(bytes.data(), count);
 }

@@ -64,7 +64,7 @@ void TlsConnection::send_waiting() {
 }
 
 void TlsConnection::take_more(std::chrono::milliseconds patience) {
-    std::array<char, 16 * 1024> bytes;
+    std::array<char, std::size_t{16} * 1024> bytes;
     const std::size_t count = carrier_.read_some(bytes, patience);
     BIO_write(incoming_, bytes.data(), static_cast<int>(count));
 }

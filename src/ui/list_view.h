@@ -32,8 +32,9 @@ class ListView : public QTableView {
     void share_width(int width);
 
   signals:
-    void button_pressed(MouseButton button, const QPoint& place);
-    void button_released(MouseButton button, const QPoint& place);
+    // The full name of the type, as connections by name would need it.
+    void button_pressed(tessarine::MouseButton button, const QPoint& place);
+    void button_released(tessarine::MouseButton button, const QPoint& place);
     void row_picked();
     void row_opened();
 

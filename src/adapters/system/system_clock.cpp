@@ -29,7 +29,8 @@ int SystemClock::minutes_ahead_of_utc(const DateTime& local) {
     parts.tm_min = local.time.minute;
     parts.tm_sec = local.time.second;
     parts.tm_isdst = -1;  // whether it was summer time is for the zone to say
-    std::mktime(&parts);
+    // What is no moment leaves the zone's distance at 0.
+    static_cast<void>(std::mktime(&parts));
     return static_cast<int>(parts.tm_gmtoff / 60);
 }
 

@@ -32,7 +32,7 @@ inline constexpr int kTimeZonePulls = 5;
 /// records, which have 256 bytes there at least; and in bytes of the temporary file, where texts
 /// are written out, and which also never takes more than half of what is free.
 inline constexpr std::uint64_t kQueryRecords = 3 * (std::uint64_t{4} << 30) / 256;
-inline constexpr std::uint64_t kQuerySize = 2 * 3 * (std::uint64_t{4} << 30);
+inline constexpr std::uint64_t kQuerySize = (std::uint64_t{4} << 30) * 3 * 2;
 
 inline constexpr std::chrono::seconds kConnect{10};
 /// How long after its own time limit for an operation a host may still be silent.

@@ -35,7 +35,7 @@ NoTraces::~NoTraces() {
 
 // Stands before the C library's own, or another allocator's, for all libraries of the program. A
 // sanitizer has one already.
-#if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__)
+#if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 extern "C" void free(void* block) noexcept {
     using Free = void (*)(void*);
     static std::atomic<Free> next{nullptr};
