@@ -70,6 +70,7 @@ SmbQuery::SmbQuery(const std::string& program, const std::vector<std::string>& a
     std::vector<std::string> texts = arguments;
     texts.insert(texts.begin(), program);
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string& text : texts) pointers.push_back(text.data());
     pointers.push_back(nullptr);
     process_ = start(pointers, ends[1]);

@@ -12,9 +12,10 @@ namespace {
 // All of an id (RFC 4122, version 4) but its last eight digits.
 std::string random_id_prefix() {
     std::random_device random;
-    char text[40];
-    std::snprintf(text, sizeof text, "urn:uuid:%08x-%04x-4%03x-8%03x-%04x", random(),
-                  random() & 0xFFFFu, random() & 0xFFFu, random() & 0xFFFu, random() & 0xFFFFu);
+    char text[40];  // its digits fit
+    static_cast<void>(std::snprintf(text, sizeof text, "urn:uuid:%08x-%04x-4%03x-8%03x-%04x",
+                                    random(), random() & 0xFFFFu, random() & 0xFFFu,
+                                    random() & 0xFFFu, random() & 0xFFFFu));
     return text;
 }
 
@@ -28,8 +29,8 @@ WsDiscovery::WsDiscovery(const DiscoveryPlace& place)
       sent_(socket_.send(probe_)) {}
 
 std::string WsDiscovery::new_message_id() {
-    char number[9];
-    std::snprintf(number, sizeof number, "%08x", ++ids_);
+    char number[9];  // its digits fit
+    static_cast<void>(std::snprintf(number, sizeof number, "%08x", ++ids_));
     return id_prefix_ + number;
 }
 

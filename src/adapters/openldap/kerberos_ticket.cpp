@@ -50,7 +50,7 @@ KerberosTicket kerberos_ticket() {
                                              GSS_C_INITIATE, &credential, nullptr, nullptr);
     if (GSS_ROUTINE_ERROR(major) == GSS_S_CREDENTIALS_EXPIRED) return {TicketState::Expired, ""};
     if (GSS_ERROR(major)) return {};
-    const KerberosTicket ticket = ticket_of(credential);
+    KerberosTicket ticket = ticket_of(credential);
     gss_release_cred(&minor, &credential);
     return ticket;
 }
