@@ -52,8 +52,8 @@ class Screen:
     def focus(self, process, title):
         """Gives the keys to the process's window of that title, which may be still to come."""
         def give():
-            for window in self.xdotool("search", "--all", "--onlyvisible", "--name", title,
-                                       "--pid", str(process.pid)):
+            for window in self.xdotool("search", "--all", "--onlyvisible", "--name",
+                                       "--pid", str(process.pid), title):
                 self.xdotool("windowfocus", "--sync", window)
                 if self.xdotool("getwindowfocus") == [window]:
                     return True
