@@ -38,15 +38,19 @@ struct NetworkRig : Rig {
         std::vector<std::string> shown;
         windows.when_shown(NetworkForm::kId, [&](Console& at) {
             shown.push_back(list_of(at));
-            const fakes::StatusHistory history(at.Form7->st1);
             for (const int row : rows) at.Form7->ListView1.row(row).set_checked(true);
-            enumerate_ticked_groups(at);
+            shown.push_back(said_while_enumerating(at));
             EXPECT_EQ(at.mouse_pointer, kPointerDefault);
-            shown.push_back(history.lines);
             at.Form7.unload();
         });
         run(show_network);
         return shown;
+    }
+
+    static std::string said_while_enumerating(Console& at) {
+        const fakes::StatusHistory history(at.Form7->st1);
+        enumerate_ticked_groups(at);
+        return history.lines;
     }
 
     static std::string list_of(Console& at) {
