@@ -42,6 +42,7 @@ void TextArena::open_block_for(std::size_t size) {
         const std::size_t usual = blocks_.empty() ? kSmallBlock : kLargeBlock;
         const std::size_t wanted =
             size <= usual ? usual : (size + kLargePage - 1) / kLargePage * kLargePage;
+        blocks_.reserve(blocks_.size() + 1);  // the memory must not be lost after it was given
         auto* start = static_cast<char*>(memory_->allocate(wanted, alignment_of(wanted)));
         blocks_.push_back({start, wanted});
     }
